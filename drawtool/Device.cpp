@@ -1,0 +1,7 @@
+#include "drawtool/Device.h"
+
+CDC& DeviceOf(CDC* dc)
+{
+    static CDC inert;
+    return dc ? *dc : inert;
+}

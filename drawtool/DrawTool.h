@@ -1,0 +1,305 @@
+// CMoruDrawTool: draws on a host's device context in the host's own
+// "virtual" units.
+//
+// What the tool borrows and what it owns. The host owns the window (CWnd) and
+// the device context (CDC); the tool stores both, never creates or releases
+// them, and the host keeps the DC alive until Finalize. The tool owns one pen,
+// one font and one brush (its GdiSet), selected into the DC from Initialize
+// to Finalize, and the coordinate frame that maps virtual units to the DC's
+// logical ("device") units:
+//   per axis:   device x = RoundToInt(x * ScaleFactX + OffsetX)
+//               device y = RoundToInt(y * ScaleFactY + OffsetY)
+//   uniform:    the "2" line calls use ScaleFact for both axes;
+//               font heights and text metrics scale by ScaleFact.
+// RoundToInt pushes every non-integer away from zero (2.1 -> 3, -2.1 -> -3);
+// text, arrows and ticks use RoundHalfAway (nearest, halves away from zero).
+// Offsets are in device units and added after scaling. Initialize mode 1
+// negates ScaleFactY so that virtual y points up.
+//
+// Life cycle: CreateDrawTool -> Initialize -> drawing, state and metric calls
+// -> Finalize -> DestroyDrawTool. DestroyDrawTool frees the object without
+// running its destructor, so Finalize is what releases the GDI objects.
+//
+// Defined outcomes where the host breaks the life cycle (the tool validates
+// nothing else and never throws):
+// - A null DC: every call still returns; device calls go to an inert DC and
+//   answer 0 (points (0, 0)), metrics answer 0 or NaN.
+// - A failed allocation of the GdiSet, and every call after Finalize: the tool
+//   has no GdiSet; pen, brush and font calls do nothing, GetPen, GetBrush and
+//   GetFont return null, GetPenColor returns 0, and Finalize does nothing.
+//   Drawing calls still reach the DC (with its own objects selected).
+// - Initialize again without Finalize: the DC is first put back as Finalize
+//   would (the GdiSet is kept), so no GDI object leaks and a later Finalize
+//   restores the DC's own objects and viewport origin.
+// - Finalize releases the GdiSet and forgets it, so deleting the tool through
+//   its destructor after Finalize is safe as well.
+#pragma once
+
+#include "DrawToolExport.h"
+#include "framework/afxwin.h"
+
+struct GdiSet;
+
+/// The coordinate frame. Scales are device units per virtual unit; offsets
+/// and origins are device (logical) units.
+struct CoordinateFrame {
+    int orgX = 0;             ///< viewport origin x used by Initialize
+    int orgY = 0;             ///< viewport origin y used by Initialize
+    double scaleFact = 1.0;   ///< uniform scale: "2" line calls, fonts, metrics, radii
+    double scaleFact2 = 0.0;  ///< second uniform scale, for SetFont2A/W
+    double scaleFactX = 1.0;
+    double scaleFactY = 1.0;
+    double offsetX = 0.0;
+    double offsetY = 0.0;
+};
+
+class DRAWTOOL_API CMoruDrawTool {
+public:
+    // ---- Life cycle --------------------------------------------------------
+
+    /// Stores `wnd` (never used) and `dc` (drawn on until Finalize); does not
+    /// touch the DC.
+    CMoruDrawTool(CWnd* wnd, CDC* dc);
+    /// Deletes the GdiSet's objects and record if the tool still has one.
+    virtual ~CMoruDrawTool();
+    CMoruDrawTool(const CMoruDrawTool&) = delete;
+    CMoruDrawTool& operator=(const CMoruDrawTool&) = delete;
+
+    /// Selects the tool's pen (solid, width 0, black), font (50 virtual units
+    /// high in the DC's face) and hollow white brush, sets text colour black,
+    /// transparent background and TA_TOP|TA_LEFT, and moves the viewport
+    /// origin. mode 1: y points up (ScaleFactY is negated), origin
+    /// (OrgX, OrgY). mode 2: origin (OrgX, OrgY + rect->bottom); a null rect
+    /// counts as bottom 0. Other modes: origin (0, 0), rect is not read.
+    void Initialize(RECT* rect, int mode);
+    /// Deletes the tool's objects, re-selects the DC's own and restores the
+    /// viewport origin; text colour, background mode and alignment stay.
+    void Finalize();
+    CDC* GetDCPointer();
+
+    // ---- Coordinate frame --------------------------------------------------
+
+    double GetScaleFact();
+    /// Also sets ScaleFact2 while ScaleFact2 is still exactly 0.0.
+    void SetScaleFact(double scale);
+    double GetScaleFact2();
+    void SetScaleFact2(double scale);
+    double GetScaleFactX();
+    void SetScaleFactX(double scale);
+    double GetScaleFactY();
+    void SetScaleFactY(double scale);
+    double GetOffsetX();
+    void SetOffsetX(double offset);
+    double GetOffsetY();
+    void SetOffsetY(double offset);
+    int GetOrgX();
+    void SetOrgX(int x);
+    int GetOrgY();
+    void SetOrgY(int y);
+
+    /// Virtual to device: (v * ScaleFactX + 0.5) + OffsetX truncated toward
+    /// zero (so -2.3 gives -1). Out of the 32-bit range: INT_MIN.
+    int VtoLP_X(double v);
+    int VtoLP_Y(double v);
+    /// Device to virtual: (lp - OffsetX) / ScaleFactX.
+    double LPtoV_X(int lp);
+    double LPtoV_Y(int lp);
+    /// The DC's current position in virtual units, by
+    /// RoundToInt(device / ScaleFact - Offset) per axis (scale divided first).
+    CPoint GetCurrentPosition();
+    /// Rotates (x, y) about the origin by `angle` degrees, counter-clockwise
+    /// when y points up. The outputs may alias the caller's inputs; a null
+    /// output pointer is skipped.
+    void rotate(double x, double y, double* outX, double* outY, double angle);
+
+    // ---- Pen, brush and device modes ---------------------------------------
+
+    /// Replaces the pen; `width` in logical units, not scaled.
+    void SetPen(int style, int width, COLORREF color);
+    CPen* GetPen();
+    COLORREF GetPenColor();
+    /// Replaces the brush (a BS_ style, colour 0x00BBGGRR, HS_ hatch).
+    void SetBrush(UINT style, COLORREF color, LONG hatch);
+    CBrush* GetBrush();
+
+    int GetArcDirection() const;
+    COLORREF GetBkColor() const;
+    int GetBkMode() const;
+    int GetPolyFillMode() const;
+    int GetROP2() const;
+    COLORREF GetTextColor() const;
+    int SetArcDirection(int direction);
+    COLORREF SetBkColor(COLORREF color);
+    int SetBkMode(int mode);
+    int SetPolyFillMode(int mode);
+    int SetROP2(int rop);
+    COLORREF SetTextColor(COLORREF color);
+    int SaveDC();
+    int RestoreDC(int saved);
+
+    // ---- Fonts and text metrics --------------------------------------------
+    // Heights: virtual units times ScaleFact (ScaleFact2 for SetFont2),
+    // rounded by RoundToInt. Angles: degrees. A null face takes the DC's
+    // current face. W methods convert text to the ANSI code page.
+
+    void SetFont1A(int height, double escapement, const char* face, double orientation);
+    void SetFont1W(int height, double escapement, const wchar_t* face, double orientation);
+    void SetFont2A(int height, double escapement, const char* face, double orientation);
+    void SetFont2W(int height, double escapement, const wchar_t* face, double orientation);
+    /// `points` converted to tenths of a millimetre (10 points -> 35), then
+    /// as SetFont1A.
+    void SetPointFontA(int points, double escapement, const char* face, double orientation);
+    void SetPointFontW(int points, double escapement, const wchar_t* face, double orientation);
+    /// `pointSize` in tenths of a point for the DC (ScaleFact not applied);
+    /// returns the description of the replaced font.
+    LOGFONTA* SetPointFont0A(int pointSize, double angle, const char* face, double unused);
+    void SetPointFont0W(int pointSize, double angle, const wchar_t* face, double unused);
+
+    int SetFontWeight(int weight);
+    int SetFontItalic(int italic);
+    void SetFontStyle(int weight, int italic);
+    int GetFontWeight();
+    int IsFontItalic();
+    void GetFontStyle(int* weight, int* italic);
+    CFont* GetFont();
+    LOGFONTA* GetLogFont();
+    LOGFONTA* GetLogFontOld();
+
+    /// Text extents in virtual units (logical units / ScaleFact); a null text
+    /// counts as empty. Mean character widths of an empty text are NaN.
+    double GetTextWidthA(const char* text);
+    double GetTextWidthW(const wchar_t* text);
+    double GetTextHeightA(const char* text);
+    double GetTextHeightW(const wchar_t* text);
+    double GetCharWidthA(const char* text);
+    double GetCharWidthW(const wchar_t* text);
+    double GetCharHeightA(const char* text);
+    double GetCharHeightW(const wchar_t* text);
+
+    UINT SetTextAlign(UINT align);
+    /// As SetTextAlign, except that TA_BASELINE means "centred vertically":
+    /// it becomes TA_TOP with text output shifted by half the text height.
+    UINT SetTextAlignEx(UINT align);
+
+    // ---- Lines and paths (virtual units) -----------------------------------
+    // Point arrays: counts below 2 return 0 without a device call.
+
+    /// Returns the previous current position in device units.
+    CPoint MoveTo(int x, int y);
+    CPoint MoveTo(POINT point);
+    CPoint MoveTo2(int x, int y);
+    CPoint MoveTo2(POINT point);
+    int LineTo(int x, int y);
+    int LineTo(POINT point);
+    int LineTo2(int x, int y);
+    int LineTo2(POINT point);
+    /// Long lists are drawn in runs of 15000 points sharing one point at each
+    /// seam; returns the last run's result.
+    int Polyline(POINT* points, int count);
+    int PolylineTo(const POINT* points, int count);
+    int Polygon(POINT* points, int count);
+    int PolyBezier(const POINT* points, int count);
+    int PolyBezierTo(const POINT* points, int count);
+    int PolyDraw(const POINT* points, const BYTE* types, int count);
+    /// Maps the first `count` points (count = number of polylines).
+    int PolyPolyline(const POINT* points, const DWORD* polyCounts, int count);
+
+    // ---- Rectangles, fills and clipping (virtual units) --------------------
+
+    int Rectangle(int x1, int y1, int x2, int y2);
+    int Rectangle(const RECT* rect);
+    int Rectangle(POINT p1, POINT p2);
+    /// Four mapped corners, each then moved by `shifts` device units (null:
+    /// no shift).
+    int RectanglePolygon(POINT* corners, POINT* shifts);
+    int Ellipse(int x1, int y1, int x2, int y2);
+    int Ellipse(const RECT* rect);
+    void FillRect(const RECT* rect, CBrush* brush);
+    void FillRect2(const RECT* rect);
+    void FrameRect(const RECT* rect, CBrush* brush);
+    void FrameRect2(const RECT* rect);
+    void InvertRect(const RECT* rect);
+    /// The extent is mapped like a coordinate: offsets are added to it too.
+    void FillSolidRect(int x, int y, int cx, int cy, COLORREF color);
+    void FillSolidRect(const RECT* rect, COLORREF color);
+    int ExcludeClipRect(int x1, int y1, int x2, int y2);
+    int ExcludeClipRect(const RECT* rect);
+    int IntersectClipRect(int x1, int y1, int x2, int y2);
+    int IntersectClipRect(const RECT* rect);
+    int ExtFloodFill(int x, int y, COLORREF color, UINT fillType);
+    int DrawIcon(int x, int y, HICON icon);
+    int DrawIcon(POINT point, HICON icon);
+    /// Device units, not mapped.
+    void DrawDragRect(const RECT* rect, SIZE size, const RECT* rectLast, SIZE sizeLast, CBrush* brush,
+                      CBrush* brushLast);
+
+    // ---- Arcs and circles (virtual units) ----------------------------------
+
+    int Arc(int x1, int y1, int x2, int y2, int x3, int y3, int x4, int y4);
+    int Arc(const RECT* rect, POINT start, POINT end);
+    int ArcTo(int x1, int y1, int x2, int y2, int x3, int y3, int x4, int y4);
+    int ArcTo(const RECT* rect, POINT start, POINT end);
+    int Pie(int x1, int y1, int x2, int y2, int x3, int y3, int x4, int y4);
+    int Pie(const RECT* rect, POINT start, POINT end);
+    /// Radius scaled by ScaleFact; angles in degrees, passed unchanged.
+    int AngleArc(int x, int y, int radius, float startAngle, float sweepAngle);
+    /// Radius scaled by ScaleFact: round on the device whatever the axes.
+    int Circle(int x, int y, int radius);
+    int Circle(POINT centre, int radius);
+    /// Radius in device pixels.
+    int Circle2(int x, int y, int radius);
+    int Circle2(POINT centre, int radius);
+    /// Radius in device pixels, 2 * radius + 1 pixels across.
+    int Circle3(int x, int y, int radius);
+    /// Kept narrower on purpose: draws as Circle2.
+    int Circle3(POINT centre, int radius);
+    /// Circular arc, radius in virtual units, angles in degrees from +x
+    /// toward +y.
+    int Arch(int x, int y, int radius, double startAngle, double endAngle);
+    int Arch(POINT centre, int radius, double startAngle, double endAngle);
+
+    // ---- Arrows and ticks --------------------------------------------------
+
+    /// Arrow from (x, y), `length` virtual units toward `angle` degrees (0 =
+    /// +y, positive turns toward -x); style = 10 * head position + head kind.
+    void Arrow(int x, int y, int length, double angle, int headLength, double headAngle, int style);
+    /// Tick of `length` * ScaleFact device units; returns its end in virtual
+    /// units by GetCurrentPosition's rule.
+    CPoint DrawTick(int x, int y, int length, int alongX);
+    CPoint DrawTick(POINT point, int length, int alongX);
+    /// As DrawTick with the start point in device units.
+    CPoint DrawTick2(int x, int y, int length, int alongX);
+    CPoint DrawTick2(POINT point, int length, int alongX);
+
+    // ---- Text output (virtual units, RoundHalfAway, minus TextShiftY) ------
+
+    int TextOutA(int x, int y, const char* text);
+    int TextOutA(POINT point, const char* text);
+    int TextOutW(int x, int y, const wchar_t* text);
+    int TextOutW(POINT point, const wchar_t* text);
+    /// The host's rectangle is read, never written.
+    int DrawTextA(const char* text, RECT* rect, UINT format);
+    int DrawTextW(const wchar_t* text, RECT* rect, UINT format);
+
+private:
+    GdiSet* m_gdiSet;
+    CWnd* m_wnd;
+    CDC* m_dc;
+    int m_fontWeight = 0;
+    int m_fontItalic = 0;
+    LOGBRUSH m_logBrush = {};
+    LOGFONTA m_logFont = {};
+    LOGFONTA m_logFontOld = {};
+    CoordinateFrame m_frame;
+    int m_textShiftY = 0;
+    int m_keepYAxis = 1;
+    int m_pointFontFlag = 0;
+};
+
+extern "C" {
+/// Allocates and constructs a tool; null only when allocation fails.
+DRAWTOOL_API CMoruDrawTool* CreateDrawTool(CWnd* wnd, CDC* dc);
+/// Frees the tool's storage without running its destructor: call Finalize
+/// first, which releases the GDI objects.
+DRAWTOOL_API void DestroyDrawTool(CMoruDrawTool* tool);
+}

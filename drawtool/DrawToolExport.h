@@ -1,0 +1,8 @@
+// Export and import of the drawing DLL's interface.
+#pragma once
+
+#if defined(DRAWTOOL_BUILDING_DLL)
+#define DRAWTOOL_API __declspec(dllexport)
+#else
+#define DRAWTOOL_API __declspec(dllimport)
+#endif

@@ -1,0 +1,97 @@
+#include "drawtool/Device.h"
+#include "drawtool/DrawTool.h"
+#include "drawtool/GdiSet.h"
+
+#include <new>
+
+CMoruDrawTool::CMoruDrawTool(CWnd* wnd, CDC* dc)
+    : m_gdiSet(new (std::nothrow) GdiSet), m_wnd(wnd), m_dc(dc)
+{
+}
+
+CMoruDrawTool::~CMoruDrawTool()
+{
+    delete m_gdiSet;  // destroys brush, font, pen (reverse declaration order)
+}
+
+namespace {
+
+// Finalize's first four steps: each tool object is deleted before the one it
+// displaced is selected back, then the viewport origin is restored.
+void RestoreDevice(CDC& dc, GdiSet& set)
+{
+    set.pen.DeleteObject();
+    dc.SelectObject(set.oldPen);
+    set.font.DeleteObject();
+    dc.SelectObject(set.oldFont);
+    set.brush.DeleteObject();
+    dc.SelectObject(set.oldBrush);
+    dc.SetViewportOrg(set.oldViewportOrg.x, set.oldViewportOrg.y);
+}
+
+} // namespace
+
+void CMoruDrawTool::Initialize(RECT* rect, int mode)
+{
+    CDC& dc = DeviceOf(m_dc);
+    if (m_gdiSet && m_gdiSet->pen.m_hObject)
+        RestoreDevice(dc, *m_gdiSet);
+
+    m_keepYAxis = 1;
+    CPoint origin(0, 0);
+    if (mode == 1) {
+        m_frame.scaleFactY = m_frame.scaleFactY * -1.0;
+        m_keepYAxis = 0;
+        origin = CPoint(m_frame.orgX, m_frame.orgY);
+    } else if (mode == 2) {
+        origin = CPoint(m_frame.orgX, m_frame.orgY + (rect ? rect->bottom : 0));
+    }
+    const CPoint oldOrigin = dc.SetViewportOrg(origin.x, origin.y);
+
+    m_logBrush = LOGBRUSH{BS_HOLLOW, RGB(255, 255, 255), 0};
+    if (!m_gdiSet)
+        return;
+    m_gdiSet->oldViewportOrg = oldOrigin;
+
+    m_gdiSet->pen.Attach(::CreatePen(PS_SOLID, 0, RGB(0, 0, 0)));
+    m_gdiSet->oldPen = dc.SelectObject(&m_gdiSet->pen);
+
+    // Before the first font call OldFont is null; SetFont1A's re-select of
+    // it then selects nothing, and its selection of the new font stores the
+    // DC's own font in OldFont.
+    SetFont1A(50, 0.0, nullptr, 0.0);
+    ::GetObjectA(m_gdiSet->font.m_hObject, sizeof(LOGFONTA), &m_logFont);
+
+    m_gdiSet->brush.Attach(::CreateBrushIndirect(&m_logBrush));
+    m_gdiSet->oldBrush = dc.SelectObject(&m_gdiSet->brush);
+
+    dc.SetTextColor(RGB(0, 0, 0));
+    dc.SetBkMode(TRANSPARENT);
+    dc.SetTextAlign(TA_TOP | TA_LEFT | TA_NOUPDATECP);
+}
+
+void CMoruDrawTool::Finalize()
+{
+    if (!m_gdiSet)
+        return;
+    RestoreDevice(DeviceOf(m_dc), *m_gdiSet);
+    delete m_gdiSet;
+    m_gdiSet = nullptr;
+}
+
+CDC* CMoruDrawTool::GetDCPointer() { return m_dc; }
+
+extern "C" CMoruDrawTool* CreateDrawTool(CWnd* wnd, CDC* dc)
+{
+    void* storage = ::operator new(sizeof(CMoruDrawTool), std::nothrow);
+    if (!storage)
+        return nullptr;
+    return new (storage) CMoruDrawTool(wnd, dc);
+}
+
+extern "C" void DestroyDrawTool(CMoruDrawTool* tool)
+{
+    // Frees the storage without the destructor: Finalize owns the release of
+    // the GDI objects, and a never-finalized tool keeps its GdiSet.
+    ::operator delete(static_cast<void*>(tool));
+}

@@ -1,0 +1,24 @@
+// The four virtual-to-device mapping rules. Every drawing method maps through
+// these, so a rule cannot drift between methods: the product is formed, the
+// offset added, and the sum rounded by RoundToInt.
+#pragma once
+
+#include "drawtool/DrawTool.h"
+#include "support/numeric/Rounding.h"
+
+inline int MapX(const CoordinateFrame& frame, double x) { return RoundToInt(x * frame.scaleFactX + frame.offsetX); }
+inline int MapY(const CoordinateFrame& frame, double y) { return RoundToInt(y * frame.scaleFactY + frame.offsetY); }
+inline int MapX2(const CoordinateFrame& frame, double x) { return RoundToInt(x * frame.scaleFact + frame.offsetX); }
+inline int MapY2(const CoordinateFrame& frame, double y) { return RoundToInt(y * frame.scaleFact + frame.offsetY); }
+
+/// A virtual point mapped per axis.
+inline POINT MapPoint(const CoordinateFrame& frame, POINT point)
+{
+    return POINT{MapX(frame, point.x), MapY(frame, point.y)};
+}
+
+/// A virtual rectangle mapped corner by corner, not put in order.
+inline RECT MapRect(const CoordinateFrame& frame, const RECT& rect)
+{
+    return RECT{MapX(frame, rect.left), MapY(frame, rect.top), MapX(frame, rect.right), MapY(frame, rect.bottom)};
+}

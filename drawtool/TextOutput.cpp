@@ -1,0 +1,1 @@
+#include "drawtool/DrawTool.h"

@@ -1,0 +1,3 @@
+set(SUPPORT_NUMERIC_SOURCES
+  numeric/Rounding.cpp
+)

@@ -1,0 +1,2 @@
+set(SUPPORT_TEXT_SOURCES
+)

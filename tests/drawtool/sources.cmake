@@ -1,0 +1,13 @@
+set(DRAWTOOL_TEST_SOURCES
+  drawtool/LifecycleTest.cpp
+  drawtool/MappingTest.cpp
+  drawtool/PenBrushTest.cpp
+  drawtool/DllEntryTest.cpp
+  drawtool/FontsTest.cpp
+  drawtool/TextOutputTest.cpp
+  drawtool/LinesTest.cpp
+  drawtool/RectanglesTest.cpp
+  drawtool/ArcsTest.cpp
+  drawtool/ArrowsTicksTest.cpp
+  framework/FrameworkTest.cpp
+)

@@ -1,0 +1,3 @@
+set(NUMERIC_TEST_SOURCES
+  support/numeric/RoundingTest.cpp
+)

@@ -1,0 +1,2 @@
+set(TEXT_TEST_SOURCES
+)
