@@ -2,4 +2,5 @@
 // module beside the drawing tool. Not exported from the DLL.
 #pragma once
 
-#include "support/numeric/Rounding.h"
+#include "support/numeric/Numeric.h"
+#include "support/text/Text.h"

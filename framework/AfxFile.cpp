@@ -1,0 +1,1 @@
+// CStdioFile (not yet)

@@ -1,0 +1,4 @@
+// Numeric and geometric support routines.
+#pragma once
+
+#include "support/numeric/Rounding.h"

@@ -1,0 +1,2 @@
+// Text formats and writers.
+#pragma once

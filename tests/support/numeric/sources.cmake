@@ -1,3 +1,0 @@
-set(NUMERIC_TEST_SOURCES
-  support/numeric/RoundingTest.cpp
-)

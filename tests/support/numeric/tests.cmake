@@ -1,0 +1,4 @@
+drawtool_test_program(numeric_tests
+  support/numeric/RoundingTest.cpp
+)
+target_link_libraries(numeric_tests PRIVATE support)

@@ -1,2 +1,0 @@
-set(TEXT_TEST_SOURCES
-)
