@@ -1,0 +1,1 @@
+# Text formats and writers (no program yet).
