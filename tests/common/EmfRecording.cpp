@@ -1,5 +1,6 @@
 #include "common/EmfRecording.h"
 
+#include <iomanip>
 #include <sstream>
 
 EmfRecorder::EmfRecorder()
@@ -110,4 +111,69 @@ std::string DumpPoints(const std::vector<POINT>& points)
     for (const POINT& p : points)
         text << "(" << p.x << ", " << p.y << ") ";
     return text.str();
+}
+
+std::string DescribeRecord(const EmfRecord& record)
+{
+    std::ostringstream text;
+    text << RecordTypeName(record.type);
+    auto color = [&](COLORREF c) { text << "0x" << std::hex << std::setw(6) << std::setfill('0') << c << std::dec; };
+    auto object = [&](DWORD index) {
+        if (index & 0x80000000u)
+            text << " stock " << (index & 0x7fffffffu);
+        else
+            text << " " << index;
+    };
+    switch (record.type) {
+    case EMR_SETVIEWPORTORGEX: case EMR_MOVETOEX: case EMR_LINETO: {
+        const auto r = record.As<EMRLINETO>();
+        text << " " << r.ptl.x << " " << r.ptl.y;
+        break;
+    }
+    case EMR_CREATEPEN: {
+        const auto r = record.As<EMRCREATEPEN>();
+        text << " " << r.ihPen << " style " << r.lopn.lopnStyle << " width " << r.lopn.lopnWidth.x << " color ";
+        color(r.lopn.lopnColor);
+        break;
+    }
+    case EMR_CREATEBRUSHINDIRECT: {
+        const auto r = record.As<EMRCREATEBRUSHINDIRECT>();
+        text << " " << r.ihBrush << " style " << r.lb.lbStyle << " color ";
+        color(r.lb.lbColor);
+        text << " hatch " << r.lb.lbHatch;
+        break;
+    }
+    case EMR_SELECTOBJECT: case EMR_DELETEOBJECT:
+        object(record.As<EMRSELECTOBJECT>().ihObject);
+        break;
+    case EMR_EXTCREATEFONTINDIRECTW: {
+        const auto r = record.As<EMREXTCREATEFONTINDIRECTW>();
+        const LOGFONTW& f = r.elfw.elfLogFont;
+        char face[LF_FACESIZE * 2] = {};
+        ::WideCharToMultiByte(CP_ACP, 0, f.lfFaceName, -1, face, sizeof face, nullptr, nullptr);
+        text << " " << r.ihFont << " height " << f.lfHeight << " escapement " << f.lfEscapement << " orientation "
+             << f.lfOrientation << " weight " << f.lfWeight << " italic " << int(f.lfItalic) << " charset "
+             << int(f.lfCharSet) << " precision " << int(f.lfOutPrecision) << " clip " << int(f.lfClipPrecision)
+             << " face '" << face << "'";
+        break;
+    }
+    case EMR_SETTEXTCOLOR: case EMR_SETBKCOLOR:
+        text << " ";
+        color(record.As<EMRSETTEXTCOLOR>().crColor);
+        break;
+    case EMR_SETBKMODE: case EMR_SETTEXTALIGN: case EMR_SETROP2: case EMR_SETPOLYFILLMODE: case EMR_SETMAPMODE:
+    case EMR_SETARCDIRECTION: case EMR_RESTOREDC:
+        text << " " << static_cast<int>(record.As<EMRSETBKMODE>().iMode);
+        break;
+    default: break;
+    }
+    return text.str();
+}
+
+std::vector<std::string> DescribeRecords(const std::vector<EmfRecord>& records)
+{
+    std::vector<std::string> lines;
+    for (const EmfRecord& record : records)
+        lines.push_back(DescribeRecord(record));
+    return lines;
 }

@@ -42,6 +42,11 @@ std::vector<EmfRecord> RecordsOfType(const std::vector<EmfRecord>& records, DWOR
 std::string DumpRecordTypes(const std::vector<EmfRecord>& records);
 /// The name of an EMR_ record type ("EMR_LINETO" is "LINETO").
 std::string RecordTypeName(DWORD type);
+/// One line per record with its main arguments, for table comparisons:
+/// "SETVIEWPORTORGEX 0 310", "CREATEPEN 1 style 0 width 0 color 0x000000",
+/// "SELECTOBJECT stock 7", "EXTCREATEFONTINDIRECTW 2 height 50 ...".
+std::string DescribeRecord(const EmfRecord& record);
+std::vector<std::string> DescribeRecords(const std::vector<EmfRecord>& records);
 /// The points of an EMR_POLYLINE/POLYGON/POLYBEZIER(TO)/POLYLINETO record,
 /// 32-bit or 16-bit form.
 std::vector<POINT> RecordPoints(const EmfRecord& record);

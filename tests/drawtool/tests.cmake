@@ -12,4 +12,4 @@ drawtool_test_program(drawtool_tests
   drawtool/TextOutputTest.cpp
   framework/FrameworkTest.cpp
 )
-target_link_libraries(drawtool_tests PRIVATE drawtool support)
+target_link_libraries(drawtool_tests PRIVATE drawtool support version)

@@ -1,0 +1,19 @@
+#!/usr/bin/env bash
+# Builds everything and runs the whole test suite under Wine, with one
+# persistent wineserver for the run. Exits non-zero on any failure.
+set -euo pipefail
+root=$(cd "$(dirname "$0")/.." && pwd)
+build=${1:-$root/build}
+"$root/tools/install-deps.sh"
+start=$(date +%s)
+"$root/tools/configure.sh" "$build"
+
+# Make the prefix once, then keep its wineserver up for every test program.
+export WINEPREFIX="$build/wineprefix"
+"$root/cmake/wine-run.sh" --version >/dev/null
+( cd "$build" && WINEDEBUG=-all wineserver -p )
+trap 'WINEPREFIX="$build/wineprefix" wineserver -k 2>/dev/null || true' EXIT
+
+cd "$build"
+ctest --output-on-failure --timeout 900
+echo "test run took $(( $(date +%s) - start )) s"
