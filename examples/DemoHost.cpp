@@ -16,8 +16,8 @@ namespace {
 const int kWidth = 800;
 const int kHeight = 600;
 
-// The chart in virtual units: x from 0 to 100, y from -1.2 to 1.2 scaled by
-// 100 (the tool takes integer virtual coordinates), origin at the lower left.
+// The chart in virtual units: x from 0 to 1000, y from -1200 to 1200 (the
+// tool takes integer virtual coordinates), origin at the lower left.
 void DrawChart(CDC& dc)
 {
     CMoruDrawTool* tool = CreateDrawTool(nullptr, &dc);
@@ -26,31 +26,31 @@ void DrawChart(CDC& dc)
     tool->SetOrgX(80);
     tool->SetOrgY(kHeight - 60);  // mode 1: the viewport origin, y pointing up
     tool->SetScaleFact(1.0);
-    tool->SetScaleFactX(6.5);
-    tool->SetScaleFactY(2.0);
-    tool->SetOffsetY(-240.0);     // virtual y -120 sits on the x axis line
+    tool->SetScaleFactX(0.65);
+    tool->SetScaleFactY(0.2);
+    tool->SetOffsetY(-240.0);     // virtual y -1200 sits on the x axis line
     RECT area = {0, 0, kWidth, kHeight};
     tool->Initialize(&area, 1);
 
     // Frame and grid.
     tool->SetPen(PS_SOLID, 1, RGB(200, 200, 200));
-    for (int x = 0; x <= 100; x += 10) {
-        tool->MoveTo(x, -120);
-        tool->LineTo(x, 120);
+    for (int x = 0; x <= 1000; x += 100) {
+        tool->MoveTo(x, -1200);
+        tool->LineTo(x, 1200);
     }
-    for (int y = -120; y <= 120; y += 40) {
+    for (int y = -1200; y <= 1200; y += 400) {
         tool->MoveTo(0, y);
-        tool->LineTo(100, y);
+        tool->LineTo(1000, y);
     }
     tool->SetPen(PS_SOLID, 2, RGB(0, 0, 0));
-    tool->Rectangle(0, -120, 100, 120);
+    tool->Rectangle(0, -1200, 1000, 1200);
 
     // A damped oscillation as one polyline of 2001 points.
     std::vector<POINT> curve;
     for (int i = 0; i <= 2000; ++i) {
-        const double t = i / 20.0;
+        const double t = i / 2.0;
         curve.push_back(POINT{static_cast<LONG>(std::lround(t)),
-                              static_cast<LONG>(std::lround(100.0 * std::exp(-t / 40.0) * std::cos(t / 3.0)))});
+                              static_cast<LONG>(std::lround(1000.0 * std::exp(-t / 400.0) * std::cos(t / 30.0)))});
     }
     tool->SetPen(PS_SOLID, 2, RGB(0, 90, 200));
     tool->Polyline(curve.data(), static_cast<int>(curve.size()));
@@ -58,8 +58,9 @@ void DrawChart(CDC& dc)
     // A filled circle (round on the device whatever the axes) and an arrow.
     tool->SetPen(PS_SOLID, 1, RGB(180, 0, 0));
     tool->SetBrush(BS_SOLID, RGB(255, 200, 200), 0);
-    tool->Circle(70, 60, 25);
-    tool->Arrow(50, -80, 60, -60.0, 8, 25.0, 1);
+    tool->Circle(700, 600, 25);
+    tool->SetScaleFactY(-0.65);  // equal scales, so the arrow keeps its shape
+    tool->Arrow(500, 300, 150, -120.0, 20, 25.0, 1);
     tool->Finalize();
     DestroyDrawTool(tool);
 }
