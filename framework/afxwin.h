@@ -3,6 +3,7 @@
 #pragma once
 
 #include "AfxDC.h"
+#include "AfxFile.h"
 #include "AfxGdi.h"
 #include "AfxString.h"
 #include "AfxTypes.h"
