@@ -1,2 +1,6 @@
 set(SUPPORT_TEXT_SOURCES
+  text/AngleText.cpp
+  text/IntegerText.cpp
+  text/NumberFormat.cpp
+  text/NumberText.cpp
 )
