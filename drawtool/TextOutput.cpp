@@ -1,1 +1,64 @@
+#include "drawtool/Device.h"
 #include "drawtool/DrawTool.h"
+#include "support/numeric/Rounding.h"
+
+namespace {
+
+// Text coordinates round half away from zero, unlike the other drawing calls,
+// and every y has TextShiftY subtracted (two's-complement wrap-around, so an
+// extreme shift never overflows into undefined behaviour).
+int TextX(const CoordinateFrame& frame, int x) { return RoundHalfAway(x * frame.scaleFactX + frame.offsetX); }
+
+int TextY(const CoordinateFrame& frame, int textShiftY, int y)
+{
+    const int mapped = RoundHalfAway(y * frame.scaleFactY + frame.offsetY);
+    return static_cast<int>(static_cast<unsigned>(mapped) - static_cast<unsigned>(textShiftY));
+}
+
+int TextOutAt(CDC& dc, const CoordinateFrame& frame, int textShiftY, int x, int y, const CString& text)
+{
+    const int deviceY = TextY(frame, textShiftY, y);
+    const int deviceX = TextX(frame, x);
+    return dc.TextOut(deviceX, deviceY, text.GetString(), text.GetLength());
+}
+
+// Draws into a mapped copy of the host's rectangle, which stays unwritten
+// even with DT_CALCRECT. The copy is not put in order. A null rectangle draws
+// nothing and answers 0, DrawText's failure value.
+int DrawTextIn(CDC& dc, const CoordinateFrame& frame, int textShiftY, const CString& text, const RECT* rect,
+               UINT format)
+{
+    if (!rect)
+        return 0;
+    RECT mapped = {TextX(frame, rect->left), TextY(frame, textShiftY, rect->top), TextX(frame, rect->right),
+                   TextY(frame, textShiftY, rect->bottom)};
+    return dc.DrawText(text.GetString(), text.GetLength(), &mapped, format);
+}
+
+} // namespace
+
+// A null text counts as empty: the device call is still made, with length 0.
+
+int CMoruDrawTool::TextOutA(int x, int y, const char* text)
+{
+    return TextOutAt(DeviceOf(m_dc), m_frame, m_textShiftY, x, y, CString(text));
+}
+
+int CMoruDrawTool::TextOutA(POINT point, const char* text) { return TextOutA(point.x, point.y, text); }
+
+int CMoruDrawTool::TextOutW(int x, int y, const wchar_t* text)
+{
+    return TextOutAt(DeviceOf(m_dc), m_frame, m_textShiftY, x, y, CString(text));
+}
+
+int CMoruDrawTool::TextOutW(POINT point, const wchar_t* text) { return TextOutW(point.x, point.y, text); }
+
+int CMoruDrawTool::DrawTextA(const char* text, RECT* rect, UINT format)
+{
+    return DrawTextIn(DeviceOf(m_dc), m_frame, m_textShiftY, CString(text), rect, format);
+}
+
+int CMoruDrawTool::DrawTextW(const wchar_t* text, RECT* rect, UINT format)
+{
+    return DrawTextIn(DeviceOf(m_dc), m_frame, m_textShiftY, CString(text), rect, format);
+}
