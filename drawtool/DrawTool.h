@@ -139,22 +139,33 @@ public:
 
     // ---- Fonts and text metrics --------------------------------------------
     // Heights: virtual units times ScaleFact (ScaleFact2 for SetFont2),
-    // rounded by RoundToInt. Angles: degrees. A null face takes the DC's
-    // current face. W methods convert text to the ANSI code page.
+    // rounded by RoundToInt, passed as a cell height (never negated). Angles:
+    // degrees, given to the font in tenths truncated toward zero. A null face
+    // takes the face of the font the DC has selected. W methods convert text
+    // to the ANSI code page and make only 8-bit GDI calls. Every font call
+    // creates character set 128 (SHIFTJIS_CHARSET), OUT_TT_PRECIS and
+    // CLIP_LH_ANGLES with FontWeight and the low byte of FontItalic, and
+    // re-selects the DC's own font before deleting the tool's. Font calls do
+    // nothing without a GdiSet (SetPointFont0A still returns GetLogFontOld()).
 
     void SetFont1A(int height, double escapement, const char* face, double orientation);
     void SetFont1W(int height, double escapement, const wchar_t* face, double orientation);
     void SetFont2A(int height, double escapement, const char* face, double orientation);
     void SetFont2W(int height, double escapement, const wchar_t* face, double orientation);
-    /// `points` converted to tenths of a millimetre (10 points -> 35), then
-    /// as SetFont1A.
+    /// `points` converted to tenths of a millimetre, truncated (10 points ->
+    /// 35), then as SetFont1A, so also scaled by ScaleFact.
     void SetPointFontA(int points, double escapement, const char* face, double orientation);
     void SetPointFontW(int points, double escapement, const wchar_t* face, double orientation);
-    /// `pointSize` in tenths of a point for the DC (ScaleFact not applied);
-    /// returns the description of the replaced font.
+    /// `pointSize` in tenths of a point for the DC (ScaleFact not applied),
+    /// `angle` as escapement and orientation. Keeps the replaced font's
+    /// description in LogFontOld and the new one (height in tenths of a
+    /// point) in LogFont; returns GetLogFontOld(). The W form returns nothing.
     LOGFONTA* SetPointFont0A(int pointSize, double angle, const char* face, double unused);
     void SetPointFont0W(int pointSize, double angle, const wchar_t* face, double unused);
 
+    /// Weight and italic for the next font call (the current font stays);
+    /// the setters return the previous value. GetFontStyle skips a null
+    /// output pointer.
     int SetFontWeight(int weight);
     int SetFontItalic(int italic);
     void SetFontStyle(int weight, int italic);
@@ -162,11 +173,15 @@ public:
     int IsFontItalic();
     void GetFontStyle(int* weight, int* italic);
     CFont* GetFont();
+    /// Set by Initialize and the SetPointFont0 pair only: after SetFont1/2 and
+    /// SetPointFont it still describes the earlier font, as intended.
     LOGFONTA* GetLogFont();
     LOGFONTA* GetLogFontOld();
 
-    /// Text extents in virtual units (logical units / ScaleFact); a null text
-    /// counts as empty. Mean character widths of an empty text are NaN.
+    /// Text extents in virtual units: GetTextExtentPoint32A on the DC's
+    /// output handle divided by ScaleFact (never ScaleFactX/Y); W text is
+    /// measured after conversion. A null text counts as empty. Char widths
+    /// are means over the (converted) byte length: NaN for an empty text.
     double GetTextWidthA(const char* text);
     double GetTextWidthW(const wchar_t* text);
     double GetTextHeightA(const char* text);
@@ -176,9 +191,12 @@ public:
     double GetCharHeightA(const char* text);
     double GetCharHeightW(const wchar_t* text);
 
+    /// Passes `align` to the DC, clears TextShiftY; returns the previous one.
     UINT SetTextAlign(UINT align);
     /// As SetTextAlign, except that TA_BASELINE means "centred vertically":
-    /// it becomes TA_TOP with text output shifted by half the text height.
+    /// it becomes TA_TOP and TextShiftY = -RoundHalfAway(half the height of
+    /// "dummy" in the current font), measured now and kept through later font
+    /// changes; centred on a DC whose logical y axis points up.
     UINT SetTextAlignEx(UINT align);
 
     // ---- Lines and paths (virtual units) -----------------------------------
@@ -272,12 +290,19 @@ public:
     CPoint DrawTick2(POINT point, int length, int alongX);
 
     // ---- Text output (virtual units, RoundHalfAway, minus TextShiftY) ------
+    // x' = RoundHalfAway(x * ScaleFactX + OffsetX), y' = RoundHalfAway(y *
+    // ScaleFactY + OffsetY) - TextShiftY. One call to the DC's virtual 8-bit
+    // TextOut/DrawText with the byte length (W text converted first, with '?'
+    // for characters outside the code page); its answer is returned. A null
+    // text counts as empty (the DC is still called, with length 0).
 
     int TextOutA(int x, int y, const char* text);
     int TextOutA(POINT point, const char* text);
     int TextOutW(int x, int y, const wchar_t* text);
     int TextOutW(POINT point, const wchar_t* text);
-    /// The host's rectangle is read, never written.
+    /// Draws in a mapped copy of `rect` (TextShiftY off both top and bottom,
+    /// not put in order); the host's rectangle is read, never written, even
+    /// with DT_CALCRECT. A null rect draws nothing and returns 0.
     int DrawTextA(const char* text, RECT* rect, UINT format);
     int DrawTextW(const wchar_t* text, RECT* rect, UINT format);
 
