@@ -165,7 +165,7 @@ inline std::vector<RecordedText> RecordedTexts(const std::vector<EmfRecord>& rec
             continue;
         const auto head = record.As<EMREXTTEXTOUTW>();
         RecordedText text;
-        text.reference = head.emrtext.ptlReference;
+        text.reference = POINT{head.emrtext.ptlReference.x, head.emrtext.ptlReference.y};
         text.chars = head.emrtext.nChars;
         text.rect = RECT{head.emrtext.rcl.left, head.emrtext.rcl.top, head.emrtext.rcl.right, head.emrtext.rcl.bottom};
         text.options = head.emrtext.fOptions;
