@@ -1,1 +1,130 @@
+// Lines and paths: every point is mapped per axis (the "2" calls: uniformly)
+// and handed to the DC in one call. Point lists go through one private heap
+// copy per call, released on every path by its owner.
+#include "drawtool/Device.h"
 #include "drawtool/DrawTool.h"
+#include "drawtool/Mapping.h"
+
+#include <algorithm>
+#include <memory>
+#include <new>
+
+namespace {
+
+/// GDI gets long polylines in runs of at most this many points plus the
+/// first point of the next run, so that consecutive runs meet.
+constexpr int kRunLength = 15000;
+
+/// A zeroed heap block of `count` points, or null when it cannot be had.
+std::unique_ptr<POINT[]> AllocatePoints(int count)
+{
+    return std::unique_ptr<POINT[]>(new (std::nothrow) POINT[static_cast<size_t>(count)]());
+}
+
+void MapInto(const CoordinateFrame& frame, const POINT* from, int count, POINT* to)
+{
+    for (int i = 0; i < count; ++i)
+        to[i] = MapPoint(frame, from[i]);
+}
+
+/// The point-array pattern: below two points (or without points) nothing is
+/// drawn; otherwise the mapped copy goes to `draw` and its answer comes back.
+template <class Draw>
+int DrawMapped(const CoordinateFrame& frame, const POINT* points, int count, Draw draw)
+{
+    if (count < 2 || !points)
+        return 0;
+    const std::unique_ptr<POINT[]> copy = AllocatePoints(count);
+    if (!copy)
+        return 0;
+    MapInto(frame, points, count, copy.get());
+    return draw(copy.get());
+}
+
+} // namespace
+
+CPoint CMoruDrawTool::MoveTo(int x, int y) { return DeviceOf(m_dc).MoveTo(MapX(m_frame, x), MapY(m_frame, y)); }
+CPoint CMoruDrawTool::MoveTo(POINT point) { return MoveTo(point.x, point.y); }
+CPoint CMoruDrawTool::MoveTo2(int x, int y) { return DeviceOf(m_dc).MoveTo(MapX2(m_frame, x), MapY2(m_frame, y)); }
+CPoint CMoruDrawTool::MoveTo2(POINT point) { return MoveTo2(point.x, point.y); }
+int CMoruDrawTool::LineTo(int x, int y) { return DeviceOf(m_dc).LineTo(MapX(m_frame, x), MapY(m_frame, y)); }
+int CMoruDrawTool::LineTo(POINT point) { return LineTo(point.x, point.y); }
+int CMoruDrawTool::LineTo2(int x, int y) { return DeviceOf(m_dc).LineTo(MapX2(m_frame, x), MapY2(m_frame, y)); }
+int CMoruDrawTool::LineTo2(POINT point) { return LineTo2(point.x, point.y); }
+
+int CMoruDrawTool::Polyline(POINT* points, int count)
+{
+    CDC& dc = DeviceOf(m_dc);
+    if (count <= kRunLength)
+        return DrawMapped(m_frame, points, count, [&](const POINT* copy) { return dc.Polyline(copy, count); });
+    if (!points)
+        return 0;
+
+    // Runs = count / 15000 rounded up. One block serves every run.
+    const double quotient = count / static_cast<double>(kRunLength);
+    int runs = static_cast<int>(quotient);
+    if (quotient > runs)
+        ++runs;
+    const std::unique_ptr<POINT[]> run = AllocatePoints(kRunLength + 1);
+    if (!run)
+        return 0;
+    int result = 0;
+    for (int r = 0; r < runs; ++r) {
+        const int first = r * kRunLength;
+        int filled = std::min(kRunLength, count - first);
+        MapInto(m_frame, points + first, filled, run.get());
+        if (r < runs - 1)
+            run[filled++] = MapPoint(m_frame, points[first + kRunLength]);
+        // Earlier runs' answers are dropped on purpose: the last run decides.
+        result = dc.Polyline(run.get(), filled);
+    }
+    return result;
+}
+
+int CMoruDrawTool::PolylineTo(const POINT* points, int count)
+{
+    CDC& dc = DeviceOf(m_dc);
+    return DrawMapped(m_frame, points, count, [&](const POINT* copy) { return dc.PolylineTo(copy, count); });
+}
+
+int CMoruDrawTool::Polygon(POINT* points, int count)
+{
+    CDC& dc = DeviceOf(m_dc);
+    return DrawMapped(m_frame, points, count, [&](const POINT* copy) { return dc.Polygon(copy, count); });
+}
+
+int CMoruDrawTool::PolyBezier(const POINT* points, int count)
+{
+    CDC& dc = DeviceOf(m_dc);
+    return DrawMapped(m_frame, points, count, [&](const POINT* copy) { return dc.PolyBezier(copy, count); });
+}
+
+int CMoruDrawTool::PolyBezierTo(const POINT* points, int count)
+{
+    CDC& dc = DeviceOf(m_dc);
+    return DrawMapped(m_frame, points, count, [&](const POINT* copy) { return dc.PolyBezierTo(copy, count); });
+}
+
+int CMoruDrawTool::PolyDraw(const POINT* points, const BYTE* types, int count)
+{
+    if (!types)
+        return 0;
+    CDC& dc = DeviceOf(m_dc);
+    return DrawMapped(m_frame, points, count, [&](const POINT* copy) { return dc.PolyDraw(copy, types, count); });
+}
+
+int CMoruDrawTool::PolyPolyline(const POINT* points, const DWORD* polyCounts, int count)
+{
+    // The copy holds `count` points (count is the number of polylines, kept
+    // so on purpose); lists that would make GDI read past it are refused.
+    if (count < 2 || !polyCounts)
+        return 0;
+    unsigned long long total = 0;
+    for (int i = 0; i < count; ++i)
+        total += polyCounts[i];
+    if (total > static_cast<unsigned long long>(count))
+        return 0;
+    CDC& dc = DeviceOf(m_dc);
+    return DrawMapped(m_frame, points, count,
+                      [&](const POINT* copy) { return dc.PolyPolyline(copy, polyCounts, count); });
+}
