@@ -1,1 +1,156 @@
+// Rectangles, fills and clipping. Rectangles are mapped corner by corner;
+// only FrameRect (after mapping) and the RECT FillSolidRect (before mapping)
+// put them in order, so the others see an inverted y axis as it is.
+#include "drawtool/Device.h"
 #include "drawtool/DrawTool.h"
+#include "drawtool/Mapping.h"
+
+#include <climits>
+#include <utility>
+
+namespace {
+
+/// An integer result outside the 32-bit range is held at its nearest end.
+int Saturate(long long value)
+{
+    return value > INT_MAX ? INT_MAX : value < INT_MIN ? INT_MIN : static_cast<int>(value);
+}
+
+HBRUSH HandleOf(CBrush* brush) { return static_cast<HBRUSH>(CGdiObject::SafeHandle(brush)); }
+
+void PutInOrder(RECT& rect)
+{
+    if (rect.left > rect.right)
+        std::swap(rect.left, rect.right);
+    if (rect.top > rect.bottom)
+        std::swap(rect.top, rect.bottom);
+}
+
+} // namespace
+
+int CMoruDrawTool::Rectangle(int x1, int y1, int x2, int y2)
+{
+    const RECT box = MapRect(m_frame, RECT{x1, y1, x2, y2});
+    return ::Rectangle(DeviceOf(m_dc).m_hDC, box.left, box.top, box.right, box.bottom);
+}
+
+int CMoruDrawTool::Rectangle(const RECT* rect)
+{
+    return rect ? Rectangle(rect->left, rect->top, rect->right, rect->bottom) : 0;
+}
+
+int CMoruDrawTool::Rectangle(POINT p1, POINT p2) { return Rectangle(p1.x, p1.y, p2.x, p2.y); }
+
+int CMoruDrawTool::RectanglePolygon(POINT* corners, POINT* shifts)
+{
+    if (!corners)
+        return 0;
+    // Four points fit on the stack: no allocation that could fail.
+    POINT quad[4] = {};
+    for (int i = 0; i < 4; ++i) {
+        quad[i] = MapPoint(m_frame, corners[i]);
+        if (shifts) {
+            quad[i].x = Saturate(static_cast<long long>(quad[i].x) + shifts[i].x);
+            quad[i].y = Saturate(static_cast<long long>(quad[i].y) + shifts[i].y);
+        }
+    }
+    return ::Polygon(DeviceOf(m_dc).m_hDC, quad, 4);
+}
+
+int CMoruDrawTool::Ellipse(int x1, int y1, int x2, int y2)
+{
+    const RECT box = MapRect(m_frame, RECT{x1, y1, x2, y2});
+    return ::Ellipse(DeviceOf(m_dc).m_hDC, box.left, box.top, box.right, box.bottom);
+}
+
+int CMoruDrawTool::Ellipse(const RECT* rect)
+{
+    return rect ? Ellipse(rect->left, rect->top, rect->right, rect->bottom) : 0;
+}
+
+void CMoruDrawTool::FillRect(const RECT* rect, CBrush* brush)
+{
+    if (!rect)
+        return;
+    const RECT box = MapRect(m_frame, *rect);
+    ::FillRect(DeviceOf(m_dc).m_hDC, &box, HandleOf(brush));
+}
+
+void CMoruDrawTool::FillRect2(const RECT* rect) { FillRect(rect, GetBrush()); }
+
+void CMoruDrawTool::FrameRect(const RECT* rect, CBrush* brush)
+{
+    if (!rect)
+        return;
+    RECT box = MapRect(m_frame, *rect);
+    PutInOrder(box);
+    ::FrameRect(DeviceOf(m_dc).m_hDC, &box, HandleOf(brush));
+}
+
+void CMoruDrawTool::FrameRect2(const RECT* rect) { FrameRect(rect, GetBrush()); }
+
+void CMoruDrawTool::InvertRect(const RECT* rect)
+{
+    if (!rect)
+        return;
+    const RECT box = MapRect(m_frame, *rect);
+    ::InvertRect(DeviceOf(m_dc).m_hDC, &box);
+}
+
+void CMoruDrawTool::FillSolidRect(int x, int y, int cx, int cy, COLORREF color)
+{
+    // The extent is mapped like a coordinate, offset included: intended.
+    DeviceOf(m_dc).FillSolidRect(MapX(m_frame, x), MapY(m_frame, y), MapX(m_frame, cx), MapY(m_frame, cy), color);
+}
+
+void CMoruDrawTool::FillSolidRect(const RECT* rect, COLORREF color)
+{
+    if (!rect)
+        return;
+    RECT box;
+    ::CopyRect(&box, rect);
+    PutInOrder(box);
+    FillSolidRect(box.left, box.top, Saturate(static_cast<long long>(box.right) - box.left),
+                  Saturate(static_cast<long long>(box.bottom) - box.top), color);
+}
+
+int CMoruDrawTool::ExcludeClipRect(int x1, int y1, int x2, int y2)
+{
+    const RECT box = MapRect(m_frame, RECT{x1, y1, x2, y2});
+    return DeviceOf(m_dc).ExcludeClipRect(&box);
+}
+
+int CMoruDrawTool::ExcludeClipRect(const RECT* rect)
+{
+    return rect ? ExcludeClipRect(rect->left, rect->top, rect->right, rect->bottom) : ERROR;
+}
+
+int CMoruDrawTool::IntersectClipRect(int x1, int y1, int x2, int y2)
+{
+    const RECT box = MapRect(m_frame, RECT{x1, y1, x2, y2});
+    return DeviceOf(m_dc).IntersectClipRect(&box);
+}
+
+int CMoruDrawTool::IntersectClipRect(const RECT* rect)
+{
+    return rect ? IntersectClipRect(rect->left, rect->top, rect->right, rect->bottom) : ERROR;
+}
+
+int CMoruDrawTool::ExtFloodFill(int x, int y, COLORREF color, UINT fillType)
+{
+    return ::ExtFloodFill(DeviceOf(m_dc).m_hDC, MapX(m_frame, x), MapY(m_frame, y), color, fillType);
+}
+
+int CMoruDrawTool::DrawIcon(int x, int y, HICON icon)
+{
+    return ::DrawIcon(DeviceOf(m_dc).m_hDC, MapX(m_frame, x), MapY(m_frame, y), icon);
+}
+
+int CMoruDrawTool::DrawIcon(POINT point, HICON icon) { return DrawIcon(point.x, point.y, icon); }
+
+void CMoruDrawTool::DrawDragRect(const RECT* rect, SIZE size, const RECT* rectLast, SIZE sizeLast, CBrush* brush,
+                                 CBrush* brushLast)
+{
+    // Device units on purpose: a drag rectangle follows the mouse.
+    DeviceOf(m_dc).DrawDragRect(rect, size, rectLast, sizeLast, brush, brushLast);
+}
