@@ -1,4 +1,6 @@
 // Numeric and geometric support routines.
 #pragma once
 
+#include "support/numeric/AxisScaling.h"
 #include "support/numeric/Rounding.h"
+#include "support/numeric/StepRounding.h"

@@ -1,3 +1,5 @@
 set(SUPPORT_NUMERIC_SOURCES
   numeric/Rounding.cpp
+  numeric/AxisScaling.cpp
+  numeric/StepRounding.cpp
 )

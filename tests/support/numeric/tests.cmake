@@ -1,4 +1,6 @@
 drawtool_test_program(numeric_tests
   support/numeric/RoundingTest.cpp
+  support/numeric/AxisScalingTest.cpp
+  support/numeric/StepRoundingTest.cpp
 )
 target_link_libraries(numeric_tests PRIVATE support)
