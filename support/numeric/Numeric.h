@@ -2,5 +2,6 @@
 #pragma once
 
 #include "support/numeric/AxisScaling.h"
+#include "support/numeric/Fitting.h"
 #include "support/numeric/Rounding.h"
 #include "support/numeric/StepRounding.h"

@@ -2,4 +2,5 @@ set(SUPPORT_NUMERIC_SOURCES
   numeric/Rounding.cpp
   numeric/AxisScaling.cpp
   numeric/StepRounding.cpp
+  numeric/Fitting.cpp
 )

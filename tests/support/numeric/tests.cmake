@@ -2,5 +2,6 @@ drawtool_test_program(numeric_tests
   support/numeric/RoundingTest.cpp
   support/numeric/AxisScalingTest.cpp
   support/numeric/StepRoundingTest.cpp
+  support/numeric/FittingTest.cpp
 )
 target_link_libraries(numeric_tests PRIVATE support)
