@@ -3,4 +3,5 @@ set(SUPPORT_NUMERIC_SOURCES
   numeric/AxisScaling.cpp
   numeric/StepRounding.cpp
   numeric/Fitting.cpp
+  numeric/Geodesy.cpp
 )

@@ -3,5 +3,6 @@ drawtool_test_program(numeric_tests
   support/numeric/AxisScalingTest.cpp
   support/numeric/StepRoundingTest.cpp
   support/numeric/FittingTest.cpp
+  support/numeric/GeodesyTest.cpp
 )
 target_link_libraries(numeric_tests PRIVATE support)
