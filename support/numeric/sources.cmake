@@ -4,4 +4,5 @@ set(SUPPORT_NUMERIC_SOURCES
   numeric/StepRounding.cpp
   numeric/Fitting.cpp
   numeric/Geodesy.cpp
+  numeric/PlaneGeometry.cpp
 )
