@@ -1,38 +1,21 @@
-// Logs from a process of its own, for the log writer's tests: what happens
-// at the first message of a run and at a fatal "S:" message. Runs in the
-// directory the test gives it; the mode is the first argument.
+// Logs from a process of its own for LogWriterTest: log_exit_helper MODE DIRECTORY.
+#include <direct.h>
+
 #include <cstdio>
-#include <cstring>
+#include <string>
 
 #include "support/text/LogWriter.h"
 
 int main(int argc, char** argv)
 {
-    const char* mode = argc > 1 ? argv[1] : "";
-    if (std::strcmp(mode, "first") == 0) {
-        // Default log: the first message empties it, the second appends.
-        LogWrite("RUN", 1, "first\n");
-        LogWrite("RUN", 2, "second\n");
-        return 0;
-    }
-    if (std::strcmp(mode, "named") == 0 && argc > 2) {
-        SetLogFileName(argv[2]);
-        LogWrite(nullptr, 0, "appended\n");
-        return 0;
-    }
-    if (std::strcmp(mode, "stop") == 0) {
-        // A stream with unflushed text: the stop must close it.
-        FILE* other = std::fopen("stream.txt", "w");
-        if (other)
-            std::fputs("unflushed\n", other);
+    const std::string mode = argc > 2 && _chdir(argv[2]) == 0 ? argv[1] : "";
+    if (mode == "named")
+        SetLogFileName("run.log");
+    if (mode == "stop") {
+        std::fputs("unflushed\n", std::fopen("stream.txt", "w"));   // the stop must close this stream
         LogWrite(nullptr, 0, "S:fatal %d\n", 7);
-        LogWrite(nullptr, 0, "returned\n");
-        return 0;
     }
-    if (std::strcmp(mode, "stop-unopenable") == 0) {
-        SetLogFileName("missing\\directory\\stop.log");
-        LogWrite("X", 3, "S:lost\n");
-        return 0;
-    }
-    return 2;
+    LogWrite("RUN", 1, "first\n");
+    LogWrite("RUN", 2, "second\n");
+    return mode.empty() ? 2 : 0;
 }

@@ -1,36 +1,24 @@
-// Scratch files for the text tests: a fresh temporary directory per test,
-// whole-file byte reads and readable dumps of bytes for failure messages.
+// Scratch directory and whole-file byte access for the text tests.
 #pragma once
 
+#include <windows.h>
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <string>
 
-class TempDirectory {
-public:
-    /// Creates "<GetTempPath>\text_tests_<pid>_<counter>_<ticks>".
-    TempDirectory();
-    /// Deletes the directory with everything in it (read-only files too).
-    ~TempDirectory();
-    TempDirectory(const TempDirectory&) = delete;
-    TempDirectory& operator=(const TempDirectory&) = delete;
-
-    const std::string& Path() const { return m_path; }
-    /// Path() + "\" + name.
-    std::string File(const std::string& name) const;
-
-private:
-    std::string m_path;
+struct TempDir {
+    static inline int count = 0;
+    const std::string path = (std::filesystem::temp_directory_path() /
+        ("text_tests_" + std::to_string(GetCurrentProcessId()) + "_" + std::to_string(++count))).string();
+    TempDir() { std::filesystem::remove_all(path); std::filesystem::create_directories(path); }
+    ~TempDir() { std::error_code ignored; std::filesystem::remove_all(path, ignored); }
+    std::string File(const char* name) const { return path + "\\" + name; }
 };
 
-/// The file's bytes; "<missing>" when it cannot be opened.
-std::string ReadBytes(const std::string& path);
-void WriteBytes(const std::string& path, const std::string& bytes);
-
-/// The bytes with CR, LF, tab and other control bytes shown as escapes.
-std::string DumpBytes(const std::string& bytes);
-
-/// Compares the file's bytes with the expected bytes, dumping both on failure.
-void ExpectFileBytes(const std::string& path, const std::string& expected);
-
-/// Z:\dev\full under Wine: a file on which every write fails with a full
-/// disk. Empty when the platform has none.
-std::string FullDevicePath();
+inline std::string ReadBytes(const std::string& path)
+{
+    std::ifstream in(path, std::ios::binary);
+    return in ? std::string(std::istreambuf_iterator<char>(in), {}) : "<missing>";
+}
