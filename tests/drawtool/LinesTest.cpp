@@ -1,12 +1,14 @@
 #include "common/DibCanvas.h"
 #include "common/DrawingRecords.h"
 #include "drawtool/DrawTool.h"
+#include "drawtool/Mapping.h"
 
 #include <gtest/gtest.h>
 
 #include <climits>
 #include <cmath>
 #include <functional>
+#include <random>
 #include <string>
 #include <vector>
 
@@ -268,4 +270,62 @@ TEST(Lines, HugeAndUndefinedCoordinatesSaturateOrGoToZero)
     t.tool.SetScaleFactY(INFINITY);
     t.tool.LineTo(1, 1);
     ExpectDrawingCalls({"MOVETOEX 2147483647 -2147483648", "LINETO 0 0"}, t.Finish());
+}
+
+TEST(Lines, PointListsMapExactlyAsSinglePointsDo)
+{
+    // Point lists are mapped two points at a time by their own arithmetic;
+    // it must agree with MapPoint on every point, fractions, halves, ties
+    // and range ends included.
+    struct Frame {
+        double scaleX, scaleY, offsetX, offsetY;
+    };
+    const Frame frames[] = {
+        {1.1, -1.1, 0.0, 0.0},
+        {0.6, -0.55, 12.25, 1010.5},
+        {1.0 / 3.0, 0.1, -0.5, 0.5},
+        {1.0, 1.0, -1.1102230246251565e-16, 5.551115123125783e-17},  // 1 - 2^-53 and 2^-54 above whole values
+        {0.5, -0.5, 0.0, 0.0},                                        // exact halves
+        {1e-9, 3e-12, 0.49999999999999994, -0.49999999999999994},
+        {1.0, 1.0, 0.0, 0.0},
+        {4096.5, -4096.25, 0.75, -0.75},
+        {1e9, 1.0, 0.0, 0.0},  // most sums beyond the 32-bit range
+        {NAN, 1.0, 0.0, INFINITY},
+    };
+    std::mt19937 random(20240601);
+    std::uniform_int_distribution<int> any(INT_MIN, INT_MAX);
+    std::uniform_int_distribution<int> small(-5000, 5000);
+    std::vector<POINT> smallPoints, anyPoints;
+    for (int i = 0; i < 2001; ++i) {  // odd: the last point is mapped alone
+        smallPoints.push_back(POINT{small(random), small(random)});
+        anyPoints.push_back(POINT{any(random), any(random)});
+    }
+    anyPoints[7] = POINT{INT_MAX, INT_MIN};
+    anyPoints[8] = POINT{INT_MIN, INT_MAX};
+    for (const Frame& f : frames)
+        for (const std::vector<POINT>* list : {&smallPoints, &anyPoints}) {
+            RecordingTool t(f.scaleX, f.scaleY, f.offsetX, f.offsetY);
+            std::vector<POINT> host = *list;
+            t.tool.Polyline(host.data(), static_cast<int>(host.size()));
+            std::vector<std::vector<POINT>> lines;
+            for (const EmfRecord& record : t.Finish())
+                if (record.type == EMR_POLYLINE || record.type == EMR_POLYLINE16)
+                    lines.push_back(RecordPoints(record));
+            ASSERT_EQ(1u, lines.size()) << "frame " << f.scaleX << " " << f.scaleY;
+            const std::vector<POINT>& got = lines[0];
+            ASSERT_EQ(host.size(), got.size());
+            CoordinateFrame frame;
+            frame.scaleFactX = f.scaleX;
+            frame.scaleFactY = f.scaleY;
+            frame.offsetX = f.offsetX;
+            frame.offsetY = f.offsetY;
+            int shown = 0;
+            for (size_t i = 0; i < host.size(); ++i) {
+                const POINT expected = MapPoint(frame, host[i]);
+                if ((expected.x != got[i].x || expected.y != got[i].y) && shown++ < 5)
+                    ADD_FAILURE() << "frame (" << f.scaleX << ", " << f.scaleY << ", " << f.offsetX << ", "
+                                  << f.offsetY << ") point " << Describe(host[i]) << ": expected "
+                                  << Describe(expected) << " got " << Describe(got[i]);
+            }
+        }
 }
