@@ -200,7 +200,11 @@ public:
     UINT SetTextAlignEx(UINT align);
 
     // ---- Lines and paths (virtual units) -----------------------------------
-    // Point arrays: counts below 2 return 0 without a device call.
+    // Every point is mapped per axis (MoveTo2/LineTo2: by ScaleFact), so a
+    // mapped value beyond the 32-bit range holds at INT_MAX or INT_MIN and a
+    // NaN one is 0. Point arrays: a count below 2, a null array (or null
+    // types or polyCounts) and a failed allocation of the mapped copy all
+    // return 0 without a device call. The host's arrays are never written.
 
     /// Returns the previous current position in device units.
     CPoint MoveTo(int x, int y);
@@ -212,17 +216,24 @@ public:
     int LineTo2(int x, int y);
     int LineTo2(POINT point);
     /// Long lists are drawn in runs of 15000 points sharing one point at each
-    /// seam; returns the last run's result.
+    /// seam; returns the last run's result, even when that run is a single
+    /// point (which GDI refuses on a bitmap).
     int Polyline(POINT* points, int count);
     int PolylineTo(const POINT* points, int count);
     int Polygon(POINT* points, int count);
     int PolyBezier(const POINT* points, int count);
     int PolyBezierTo(const POINT* points, int count);
     int PolyDraw(const POINT* points, const BYTE* types, int count);
-    /// Maps the first `count` points (count = number of polylines).
+    /// Maps the first `count` points (count = number of polylines). Refused
+    /// (0, no device call) when the first `count` polyCounts add up to more
+    /// than `count`, since GDI would read past the mapped copy.
     int PolyPolyline(const POINT* points, const DWORD* polyCounts, int count);
 
     // ---- Rectangles, fills and clipping (virtual units) --------------------
+    // Mapped corner by corner; only FrameRect/FrameRect2 (after mapping) and
+    // the RECT FillSolidRect (before mapping) put the box in order. A null
+    // RECT or corner pointer draws nothing (0; ERROR for the clip calls).
+    // Integer sums (shifts, RECT extents) beyond 32 bits hold at the ends.
 
     int Rectangle(int x1, int y1, int x2, int y2);
     int Rectangle(const RECT* rect);
@@ -232,12 +243,15 @@ public:
     int RectanglePolygon(POINT* corners, POINT* shifts);
     int Ellipse(int x1, int y1, int x2, int y2);
     int Ellipse(const RECT* rect);
+    /// A null brush reaches user32 as a null handle.
     void FillRect(const RECT* rect, CBrush* brush);
+    /// With the tool's brush (a null handle after Finalize).
     void FillRect2(const RECT* rect);
     void FrameRect(const RECT* rect, CBrush* brush);
     void FrameRect2(const RECT* rect);
     void InvertRect(const RECT* rect);
     /// The extent is mapped like a coordinate: offsets are added to it too.
+    /// Leaves the DC's background colour at `color`.
     void FillSolidRect(int x, int y, int cx, int cy, COLORREF color);
     void FillSolidRect(const RECT* rect, COLORREF color);
     int ExcludeClipRect(int x1, int y1, int x2, int y2);
@@ -252,6 +266,8 @@ public:
                       CBrush* brushLast);
 
     // ---- Arcs and circles (virtual units) ----------------------------------
+    // Corners and centres mapped per axis, boxes not put in order except
+    // Arch's. A null RECT draws nothing and returns 0.
 
     int Arc(int x1, int y1, int x2, int y2, int x3, int y3, int x4, int y4);
     int Arc(const RECT* rect, POINT start, POINT end);
@@ -259,12 +275,14 @@ public:
     int ArcTo(const RECT* rect, POINT start, POINT end);
     int Pie(int x1, int y1, int x2, int y2, int x3, int y3, int x4, int y4);
     int Pie(const RECT* rect, POINT start, POINT end);
-    /// Radius scaled by ScaleFact; angles in degrees, passed unchanged.
+    /// Radius scaled by ScaleFact (no offset); angles in degrees, passed
+    /// unchanged. GDI refuses a negative device radius.
     int AngleArc(int x, int y, int radius, float startAngle, float sweepAngle);
     /// Radius scaled by ScaleFact: round on the device whatever the axes.
     int Circle(int x, int y, int radius);
     int Circle(POINT centre, int radius);
-    /// Radius in device pixels.
+    /// Radius in device pixels, added to the mapped centre; box edges beyond
+    /// 32 bits hold at INT_MAX or INT_MIN.
     int Circle2(int x, int y, int radius);
     int Circle2(POINT centre, int radius);
     /// Radius in device pixels, 2 * radius + 1 pixels across.
@@ -272,7 +290,9 @@ public:
     /// Kept narrower on purpose: draws as Circle2.
     int Circle3(POINT centre, int radius);
     /// Circular arc, radius in virtual units, angles in degrees from +x
-    /// toward +y.
+    /// toward +y. The virtual box is put in order (its edges held within 32
+    /// bits); the radial points are truncated toward zero before mapping,
+    /// and a NaN or out-of-range one becomes INT_MIN.
     int Arch(int x, int y, int radius, double startAngle, double endAngle);
     int Arch(POINT centre, int radius, double startAngle, double endAngle);
 
@@ -280,9 +300,15 @@ public:
 
     /// Arrow from (x, y), `length` virtual units toward `angle` degrees (0 =
     /// +y, positive turns toward -x); style = 10 * head position + head kind.
+    /// Figure points are rounded half away from zero. A line or polygon
+    /// through a point that is NaN or beyond the 32-bit range is left out:
+    /// a 90-degree head angle (180 for kind 2) draws the shaft alone (kind 2:
+    /// nothing), a NaN or infinite angle draws nothing.
     void Arrow(int x, int y, int length, double angle, int headLength, double headAngle, int style);
-    /// Tick of `length` * ScaleFact device units; returns its end in virtual
-    /// units by GetCurrentPosition's rule.
+    /// Tick of RoundHalfAway(length * ScaleFact) device units (INT_MIN when
+    /// beyond 32 bits) from the start rounded half away from zero; its end
+    /// holds at INT_MAX or INT_MIN. Returns the end in virtual units by
+    /// GetCurrentPosition's rule.
     CPoint DrawTick(int x, int y, int length, int alongX);
     CPoint DrawTick(POINT point, int length, int alongX);
     /// As DrawTick with the start point in device units.
