@@ -6,6 +6,7 @@
 #include "drawtool/Mapping.h"
 
 #include <algorithm>
+#include <climits>
 #include <emmintrin.h>
 #include <memory>
 #include <new>
@@ -24,15 +25,14 @@ std::unique_ptr<POINT[]> AllocatePoints(int count)
 
 /// Per-axis mapping of one point held as (x, y) in the two lanes, exactly as
 /// MapPoint does it: the product, then the offset; a fractional sum is
-/// pushed half a unit away from zero and rounded to nearest even, as
-/// RoundToInt does. Adding 1.5 * 2^52 rounds a double below 2^51 in
-/// magnitude to an integer (in the current rounding mode, as cvtsd2si
-/// would) and leaves that integer in the low 32 bits of its lane;
-/// subtracting it again tells whole sums from the rest. Valid only for sums
-/// below 2^31 - 1 in magnitude: `Outside` flags the others (and NaN).
+/// pushed half a unit away from zero and rounded to nearest even (the
+/// current rounding mode, as RoundToInt's cvtsd2si). Adding and subtracting
+/// 1.5 * 2^52 rounds a sum below 2^51 in magnitude to an integer, which
+/// tells whole sums from the rest. A sum that does not round into the
+/// 32-bit range (or is NaN) converts to INT_MIN, the processor's marker,
+/// and the caller then maps its list by MapPoint.
 struct LaneMapper {
     __m128d scale, offset;
-    const __m128d limit = _mm_set1_pd(2147483647.0);
     const __m128d signBit = _mm_set1_pd(-0.0);
     const __m128d half = _mm_set1_pd(0.5);
     const __m128d magic = _mm_set1_pd(6755399441055744.0);  // 1.5 * 2^52
@@ -41,36 +41,34 @@ struct LaneMapper {
         : scale(_mm_set_pd(frame.scaleFactY, frame.scaleFactX)), offset(_mm_set_pd(frame.offsetY, frame.offsetX))
     {
     }
-    __m128d Sum(__m128i point) const { return _mm_add_pd(_mm_mul_pd(_mm_cvtepi32_pd(point), scale), offset); }
-    __m128d Outside(__m128d sum) const { return _mm_cmpnlt_pd(_mm_andnot_pd(signBit, sum), limit); }
-    __m128i Rounded(__m128d sum) const
+    /// (x, y) mapped into the low half of the result.
+    __m128i Map(__m128i point) const
     {
+        const __m128d sum = _mm_add_pd(_mm_mul_pd(_mm_cvtepi32_pd(point), scale), offset);
         const __m128d nearest = _mm_sub_pd(_mm_add_pd(sum, magic), magic);
         const __m128d awayFromZero = _mm_or_pd(_mm_and_pd(sum, signBit), half);
         const __m128d shifted = _mm_add_pd(sum, _mm_and_pd(_mm_cmpneq_pd(nearest, sum), awayFromZero));
-        return _mm_castpd_si128(_mm_add_pd(shifted, magic));
+        return _mm_cvtpd_epi32(shifted);
     }
 };
 
 /// Maps `count` points with exactly MapPoint's results, two points a step:
-/// long lists spend most of their time here. If any sum falls outside the
-/// lanes' range, the whole list is mapped again by MapPoint itself.
+/// long lists spend most of their time here. If any coordinate comes out as
+/// INT_MIN (out of range, NaN, or truly INT_MIN), the whole list is mapped
+/// again by MapPoint itself.
 void MapInto(const CoordinateFrame& frame, const POINT* from, int count, POINT* to)
 {
     const LaneMapper lanes(frame);
-    __m128d outside = _mm_setzero_pd();
+    const __m128i marker = _mm_set1_epi32(INT_MIN);
+    __m128i flagged = _mm_setzero_si128();
     int i = 0;
     for (; i + 1 < count; i += 2) {
         const __m128i two = _mm_loadu_si128(reinterpret_cast<const __m128i*>(from + i));
-        const __m128d first = lanes.Sum(two);
-        const __m128d second = lanes.Sum(_mm_unpackhi_epi64(two, two));
-        outside = _mm_or_pd(outside, _mm_or_pd(lanes.Outside(first), lanes.Outside(second)));
-        // The low halves of the four lanes: x0, y0, x1, y1.
-        const __m128 low = _mm_shuffle_ps(_mm_castsi128_ps(lanes.Rounded(first)),
-                                          _mm_castsi128_ps(lanes.Rounded(second)), _MM_SHUFFLE(2, 0, 2, 0));
-        _mm_storeu_si128(reinterpret_cast<__m128i*>(to + i), _mm_castps_si128(low));
+        const __m128i mapped = _mm_unpacklo_epi64(lanes.Map(two), lanes.Map(_mm_unpackhi_epi64(two, two)));
+        flagged = _mm_or_si128(flagged, _mm_cmpeq_epi32(mapped, marker));
+        _mm_storeu_si128(reinterpret_cast<__m128i*>(to + i), mapped);
     }
-    if (_mm_movemask_pd(outside) != 0)
+    if (_mm_movemask_epi8(flagged) != 0)
         i = 0;
     for (; i < count; ++i)
         to[i] = MapPoint(frame, from[i]);
