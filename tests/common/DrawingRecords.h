@@ -4,6 +4,7 @@
 #pragma once
 
 #include "common/EmfRecording.h"
+#include "drawtool/DrawTool.h"
 
 #include <gtest/gtest.h>
 
@@ -172,6 +173,27 @@ inline std::string DumpCalls(const std::vector<std::string>& calls)
         table += "    \"" + line + "\",\n";
     return table;
 }
+
+/// A tool initialized (mode 0) on a metafile DC with a per-axis frame;
+/// Finish() finalizes it and returns the records.
+struct RecordingTool {
+    EmfRecorder recorder;
+    CMoruDrawTool tool{nullptr, &recorder.Dc()};
+
+    explicit RecordingTool(double scaleX = 1.0, double scaleY = 1.0, double offsetX = 0.0, double offsetY = 0.0)
+    {
+        tool.SetScaleFactX(scaleX);
+        tool.SetScaleFactY(scaleY);
+        tool.SetOffsetX(offsetX);
+        tool.SetOffsetY(offsetY);
+        tool.Initialize(nullptr, 0);
+    }
+    std::vector<EmfRecord> Finish()
+    {
+        tool.Finalize();
+        return recorder.Finish();
+    }
+};
 
 /// The drawing calls recorded equal `expected`, line for line.
 inline void ExpectDrawingCalls(const std::vector<std::string>& expected, const std::vector<EmfRecord>& records)

@@ -13,25 +13,6 @@ namespace {
 
 const COLORREF kWhite = RGB(255, 255, 255);
 
-struct RecordingTool {
-    EmfRecorder recorder;
-    CMoruDrawTool tool{nullptr, &recorder.Dc()};
-
-    RecordingTool(double scaleX = 1.0, double scaleY = 1.0, double offsetX = 0.0, double offsetY = 0.0)
-    {
-        tool.SetScaleFactX(scaleX);
-        tool.SetScaleFactY(scaleY);
-        tool.SetOffsetX(offsetX);
-        tool.SetOffsetY(offsetY);
-        tool.Initialize(nullptr, 0);
-    }
-    std::vector<EmfRecord> Finish()
-    {
-        tool.Finalize();
-        return recorder.Finish();
-    }
-};
-
 // The first and last inked columns of row `y`, as "first..last".
 std::string InkedColumns(const DibCanvas& canvas, int y)
 {

@@ -11,25 +11,6 @@
 
 namespace {
 
-struct RecordingTool {
-    EmfRecorder recorder;
-    CMoruDrawTool tool{nullptr, &recorder.Dc()};
-
-    RecordingTool(double scaleX = 1.0, double scaleY = 1.0, double offsetX = 0.0, double offsetY = 0.0)
-    {
-        tool.SetScaleFactX(scaleX);
-        tool.SetScaleFactY(scaleY);
-        tool.SetOffsetX(offsetX);
-        tool.SetOffsetY(offsetY);
-        tool.Initialize(nullptr, 0);
-    }
-    std::vector<EmfRecord> Finish()
-    {
-        tool.Finalize();
-        return recorder.Finish();
-    }
-};
-
 // The calls of Arrow(0, 0, 100, angle, headLength, headAngle, style) in a
 // unit frame.
 std::vector<EmfRecord> RecordArrow(int style, double angle = 0.0, int headLength = 10, double headAngle = 30.0)

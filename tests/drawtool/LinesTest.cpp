@@ -7,32 +7,11 @@
 
 #include <climits>
 #include <cmath>
-#include <functional>
 #include <random>
 #include <string>
 #include <vector>
 
 namespace {
-
-// A tool on a metafile DC with the given per-axis frame.
-struct RecordingTool {
-    EmfRecorder recorder;
-    CMoruDrawTool tool{nullptr, &recorder.Dc()};
-
-    RecordingTool(double scaleX = 1.0, double scaleY = 1.0, double offsetX = 0.0, double offsetY = 0.0)
-    {
-        tool.SetScaleFactX(scaleX);
-        tool.SetScaleFactY(scaleY);
-        tool.SetOffsetX(offsetX);
-        tool.SetOffsetY(offsetY);
-        tool.Initialize(nullptr, 0);
-    }
-    std::vector<EmfRecord> Finish()
-    {
-        tool.Finalize();
-        return recorder.Finish();
-    }
-};
 
 std::string Describe(POINT p) { return "(" + std::to_string(p.x) + ", " + std::to_string(p.y) + ")"; }
 
@@ -124,45 +103,33 @@ TEST(Lines, ShortAndMissingArraysMakeNoDeviceCall)
     POINT points[3] = {{1, 1}, {2, 2}, {3, 3}};
     const BYTE types[3] = {PT_MOVETO, PT_LINETO, PT_LINETO};
     const DWORD counts[3] = {1, 1, 1};
-    struct Method {
-        const char* name;
-        std::function<int(CMoruDrawTool&, POINT*, const BYTE*, const DWORD*, int)> call;
-    };
-    const Method methods[] = {
-        {"Polyline", [](CMoruDrawTool& t, POINT* p, const BYTE*, const DWORD*, int n) { return t.Polyline(p, n); }},
-        {"PolylineTo", [](CMoruDrawTool& t, POINT* p, const BYTE*, const DWORD*, int n) { return t.PolylineTo(p, n); }},
-        {"Polygon", [](CMoruDrawTool& t, POINT* p, const BYTE*, const DWORD*, int n) { return t.Polygon(p, n); }},
-        {"PolyBezier", [](CMoruDrawTool& t, POINT* p, const BYTE*, const DWORD*, int n) { return t.PolyBezier(p, n); }},
-        {"PolyBezierTo",
-         [](CMoruDrawTool& t, POINT* p, const BYTE*, const DWORD*, int n) { return t.PolyBezierTo(p, n); }},
-        {"PolyDraw",
-         [](CMoruDrawTool& t, POINT* p, const BYTE* y, const DWORD*, int n) { return t.PolyDraw(p, y, n); }},
-        {"PolyPolyline",
-         [](CMoruDrawTool& t, POINT* p, const BYTE*, const DWORD* c, int n) { return t.PolyPolyline(p, c, n); }},
-    };
-    struct Case {
-        const char* what;
-        bool nullPoints, nullTypes, nullCounts;
+    // Each case: count, points, types, polyCounts.
+    const struct {
         int count;
+        POINT* points;
+        const BYTE* types;
+        const DWORD* counts;
+    } cases[] = {
+        {1, points, types, counts}, {0, points, types, counts}, {-1, points, types, counts},
+        {INT_MIN, points, types, counts},
+        {3, nullptr, types, counts},   // no points
+        {3, points, nullptr, nullptr}, // no types (PolyDraw) or counts (PolyPolyline)
     };
-    const Case cases[] = {
-        {"count 1", false, false, false, 1},
-        {"count 0", false, false, false, 0},
-        {"count -1", false, false, false, -1},
-        {"count INT_MIN", false, false, false, INT_MIN},
-        {"null points", true, false, false, 3},
-        {"null types and counts", false, true, true, 3},  // only PolyDraw and PolyPolyline read them
-    };
-    for (const Case& c : cases)
-        for (const Method& m : methods) {
-            if (c.nullTypes && std::string(m.name) != "PolyDraw" && std::string(m.name) != "PolyPolyline")
-                continue;
-            RecordingTool t;
-            const int result = m.call(t.tool, c.nullPoints ? nullptr : points, c.nullTypes ? nullptr : types,
-                                      c.nullCounts ? nullptr : counts, c.count);
-            EXPECT_EQ(0, result) << m.name << " with " << c.what;
-            ExpectDrawingCalls({}, t.Finish());
-        }
+    for (const auto& c : cases) {
+        RecordingTool t;
+        const int results[] = {
+            c.types ? t.tool.Polyline(c.points, c.count) : 0,
+            c.types ? t.tool.PolylineTo(c.points, c.count) : 0,
+            c.types ? t.tool.Polygon(c.points, c.count) : 0,
+            c.types ? t.tool.PolyBezier(c.points, c.count) : 0,
+            c.types ? t.tool.PolyBezierTo(c.points, c.count) : 0,
+            t.tool.PolyDraw(c.points, c.types, c.count),
+            t.tool.PolyPolyline(c.points, c.counts, c.count),
+        };
+        for (int result : results)
+            EXPECT_EQ(0, result) << "count " << c.count << (c.points ? "" : ", null points");
+        ExpectDrawingCalls({}, t.Finish());
+    }
 }
 
 TEST(Lines, PolyPolylineMapsCountPointsAndRefusesLongerLists)

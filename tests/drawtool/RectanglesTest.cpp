@@ -16,25 +16,6 @@ const COLORREF kBlack = RGB(0, 0, 0);
 const COLORREF kRed = RGB(255, 0, 0);
 const COLORREF kCyan = RGB(0, 255, 255);  // red XORed onto white
 
-struct RecordingTool {
-    EmfRecorder recorder;
-    CMoruDrawTool tool{nullptr, &recorder.Dc()};
-
-    RecordingTool(double scaleX = 1.0, double scaleY = 1.0, double offsetX = 0.0, double offsetY = 0.0)
-    {
-        tool.SetScaleFactX(scaleX);
-        tool.SetScaleFactY(scaleY);
-        tool.SetOffsetX(offsetX);
-        tool.SetOffsetY(offsetY);
-        tool.Initialize(nullptr, 0);
-    }
-    std::vector<EmfRecord> Finish()
-    {
-        tool.Finalize();
-        return recorder.Finish();
-    }
-};
-
 // "x y" of every pixel where the two canvases differ, for a failure message.
 std::string DumpDifferences(const DibCanvas& a, const DibCanvas& b)
 {
