@@ -5,27 +5,10 @@
 #include "drawtool/Device.h"
 #include "drawtool/DrawTool.h"
 #include "drawtool/Mapping.h"
+#include "support/numeric/IntegerConversion.h"
 
 #include <climits>
 #include <utility>
-
-namespace {
-
-int Saturate(long long value)
-{
-    return value > INT_MAX ? INT_MAX : value < INT_MIN ? INT_MIN : static_cast<int>(value);
-}
-
-/// Truncation toward zero; NaN and values outside the 32-bit range give
-/// INT_MIN, as the processor's truncating conversion does.
-int TruncateToInt(double value)
-{
-    if (!(value > -2147483649.0 && value < 2147483648.0))
-        return INT_MIN;
-    return static_cast<int>(value);
-}
-
-} // namespace
 
 int CMoruDrawTool::Arc(int x1, int y1, int x2, int y2, int x3, int y3, int x4, int y4)
 {
@@ -88,8 +71,8 @@ int CMoruDrawTool::Circle2(int x, int y, int radius)
 {
     const long long cx = MapX(m_frame, x);
     const long long cy = MapY(m_frame, y);
-    return ::Ellipse(DeviceOf(m_dc).m_hDC, Saturate(cx - radius), Saturate(cy - radius), Saturate(cx + radius),
-                     Saturate(cy + radius));
+    return ::Ellipse(DeviceOf(m_dc).m_hDC, SaturateToInt(cx - radius), SaturateToInt(cy - radius), SaturateToInt(cx + radius),
+                     SaturateToInt(cy + radius));
 }
 
 int CMoruDrawTool::Circle2(POINT centre, int radius) { return Circle2(centre.x, centre.y, radius); }
@@ -112,10 +95,10 @@ int CMoruDrawTool::Arch(int x, int y, int radius, double startAngle, double endA
     rotate(radius, 0.0, &sx, &sy, startAngle);
     rotate(radius, 0.0, &ex, &ey, endAngle);
 
-    int left = Saturate(static_cast<long long>(x) - radius);
-    int right = Saturate(static_cast<long long>(x) + radius);
-    int top = Saturate(static_cast<long long>(y) - radius);
-    int bottom = Saturate(static_cast<long long>(y) + radius);
+    int left = SaturateToInt(static_cast<long long>(x) - radius);
+    int right = SaturateToInt(static_cast<long long>(x) + radius);
+    int top = SaturateToInt(static_cast<long long>(y) - radius);
+    int bottom = SaturateToInt(static_cast<long long>(y) + radius);
     if (left > right)
         std::swap(left, right);
     if (top > bottom)

@@ -4,6 +4,8 @@
 // at a mapped (or device) point and is ScaleFact device units long.
 #include "drawtool/Device.h"
 #include "drawtool/DrawTool.h"
+#include "drawtool/Mapping.h"
+#include "support/numeric/IntegerConversion.h"
 #include "support/numeric/Rounding.h"
 
 #include <climits>
@@ -16,11 +18,6 @@ struct Vec {
     double x = 0.0;
     double y = 0.0;
 };
-
-int Saturate(long long value)
-{
-    return value > INT_MAX ? INT_MAX : value < INT_MIN ? INT_MIN : static_cast<int>(value);
-}
 
 /// A figure point rounded half away from zero, or nothing when a coordinate
 /// is NaN or rounds beyond the 32-bit range: such a point has no place on
@@ -132,8 +129,8 @@ POINT TickEnd(int x, int y, int length, int alongX, double scaleFact)
 {
     const long long step = RoundHalfAway(length * scaleFact);
     if (alongX)
-        return POINT{Saturate(x + step), y};
-    return POINT{x, Saturate(y + step)};
+        return POINT{SaturateToInt(x + step), y};
+    return POINT{x, SaturateToInt(y + step)};
 }
 
 } // namespace
@@ -141,8 +138,7 @@ POINT TickEnd(int x, int y, int length, int alongX, double scaleFact)
 CPoint CMoruDrawTool::DrawTick(int x, int y, int length, int alongX)
 {
     // The start is rounded half away from zero, not by the mapping rule.
-    return DrawTick2(RoundHalfAway(x * m_frame.scaleFactX + m_frame.offsetX),
-                     RoundHalfAway(y * m_frame.scaleFactY + m_frame.offsetY), length, alongX);
+    return DrawTick2(MapHalfAwayX(m_frame, x), MapHalfAwayY(m_frame, y), length, alongX);
 }
 
 CPoint CMoruDrawTool::DrawTick(POINT point, int length, int alongX) { return DrawTick(point.x, point.y, length, alongX); }

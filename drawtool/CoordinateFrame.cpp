@@ -1,5 +1,6 @@
 #include "drawtool/Device.h"
 #include "drawtool/DrawTool.h"
+#include "support/numeric/IntegerConversion.h"
 #include "support/numeric/Rounding.h"
 
 #include <climits>
@@ -35,15 +36,8 @@ void CMoruDrawTool::SetOrgY(int y) { m_frame.orgY = y; }
 namespace {
 
 // (v * scale + 0.5) + offset truncated toward zero: rounds half up only for
-// non-negative sums, unlike the mapping rules. Out of range gives INT_MIN,
-// the truncating conversion's answer.
-int TruncateToDevice(double v, double scale, double offset)
-{
-    const double sum = (v * scale + 0.5) + offset;
-    if (!(sum > -2147483649.0 && sum < 2147483648.0))
-        return INT_MIN;
-    return static_cast<int>(sum);
-}
+// non-negative sums, unlike the mapping rules.
+int TruncateToDevice(double v, double scale, double offset) { return TruncateToInt((v * scale + 0.5) + offset); }
 
 } // namespace
 

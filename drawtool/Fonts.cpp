@@ -1,6 +1,7 @@
 #include "drawtool/Device.h"
 #include "drawtool/DrawTool.h"
 #include "drawtool/GdiSet.h"
+#include "support/numeric/IntegerConversion.h"
 #include "support/numeric/Rounding.h"
 
 #include <climits>
@@ -16,15 +17,6 @@ CString FaceOrCurrent(CDC& dc, const char* face)
     char current[256] = {};
     ::GetTextFaceA(dc.m_hAttribDC, sizeof current, current);
     return CString(current);
-}
-
-// Truncation toward zero with the processor's answer, INT_MIN, for NaN and
-// values outside the 32-bit range (a plain cast would be undefined there).
-int TruncateToInt(double x)
-{
-    if (!(x > -2147483649.0 && x < 2147483648.0))
-        return INT_MIN;
-    return static_cast<int>(x);
 }
 
 // Degrees to the tenths of a degree a LOGFONT holds, truncated toward zero.

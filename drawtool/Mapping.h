@@ -1,6 +1,7 @@
-// The four virtual-to-device mapping rules. Every drawing method maps through
+// The virtual-to-device mapping rules. Every drawing method maps through
 // these, so a rule cannot drift between methods: the product is formed, the
-// offset added, and the sum rounded by RoundToInt.
+// offset added, and the sum rounded by RoundToInt (RoundHalfAway for text
+// and ticks).
 #pragma once
 
 #include "drawtool/DrawTool.h"
@@ -16,6 +17,15 @@ inline POINT MapPoint(const CoordinateFrame& frame, POINT point)
 {
     return POINT{MapX(frame, point.x), MapY(frame, point.y)};
 }
+
+/// `count` virtual points mapped per axis into `to`, with exactly MapPoint's
+/// results (a vectorised form of it).
+void MapPoints(const CoordinateFrame& frame, const POINT* from, int count, POINT* to);
+
+/// The rule of text positions and tick starts: per axis, but rounded half
+/// away from zero instead of by RoundToInt.
+inline int MapHalfAwayX(const CoordinateFrame& frame, double x) { return RoundHalfAway(x * frame.scaleFactX + frame.offsetX); }
+inline int MapHalfAwayY(const CoordinateFrame& frame, double y) { return RoundHalfAway(y * frame.scaleFactY + frame.offsetY); }
 
 /// A virtual rectangle mapped corner by corner, not put in order.
 inline RECT MapRect(const CoordinateFrame& frame, const RECT& rect)

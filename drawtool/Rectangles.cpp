@@ -4,17 +4,12 @@
 #include "drawtool/Device.h"
 #include "drawtool/DrawTool.h"
 #include "drawtool/Mapping.h"
+#include "support/numeric/IntegerConversion.h"
 
 #include <climits>
 #include <utility>
 
 namespace {
-
-/// An integer result outside the 32-bit range is held at its nearest end.
-int Saturate(long long value)
-{
-    return value > INT_MAX ? INT_MAX : value < INT_MIN ? INT_MIN : static_cast<int>(value);
-}
 
 HBRUSH HandleOf(CBrush* brush) { return static_cast<HBRUSH>(CGdiObject::SafeHandle(brush)); }
 
@@ -50,8 +45,8 @@ int CMoruDrawTool::RectanglePolygon(POINT* corners, POINT* shifts)
     for (int i = 0; i < 4; ++i) {
         quad[i] = MapPoint(m_frame, corners[i]);
         if (shifts) {
-            quad[i].x = Saturate(static_cast<long long>(quad[i].x) + shifts[i].x);
-            quad[i].y = Saturate(static_cast<long long>(quad[i].y) + shifts[i].y);
+            quad[i].x = SaturateToInt(static_cast<long long>(quad[i].x) + shifts[i].x);
+            quad[i].y = SaturateToInt(static_cast<long long>(quad[i].y) + shifts[i].y);
         }
     }
     return ::Polygon(DeviceOf(m_dc).m_hDC, quad, 4);
@@ -110,8 +105,8 @@ void CMoruDrawTool::FillSolidRect(const RECT* rect, COLORREF color)
     RECT box;
     ::CopyRect(&box, rect);
     PutInOrder(box);
-    FillSolidRect(box.left, box.top, Saturate(static_cast<long long>(box.right) - box.left),
-                  Saturate(static_cast<long long>(box.bottom) - box.top), color);
+    FillSolidRect(box.left, box.top, SaturateToInt(static_cast<long long>(box.right) - box.left),
+                  SaturateToInt(static_cast<long long>(box.bottom) - box.top), color);
 }
 
 int CMoruDrawTool::ExcludeClipRect(int x1, int y1, int x2, int y2)

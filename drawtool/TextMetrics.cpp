@@ -1,5 +1,6 @@
 #include "drawtool/Device.h"
 #include "drawtool/DrawTool.h"
+#include "support/numeric/IntegerConversion.h"
 #include "support/numeric/Rounding.h"
 
 namespace {
@@ -14,10 +15,6 @@ SIZE ExtentOf(CDC& dc, const CString& text)
 
 // The TA_BASELINE bits (TA_BOTTOM | 16): both set asks for vertical centring.
 constexpr UINT kBaselineBits = TA_BASELINE;
-
-// -value with two's-complement wrap-around, so that -INT_MIN stays INT_MIN
-// instead of being undefined.
-int WrappingNegate(int value) { return static_cast<int>(0u - static_cast<unsigned>(value)); }
 
 } // namespace
 

@@ -1,19 +1,15 @@
 #include "drawtool/Device.h"
 #include "drawtool/DrawTool.h"
-#include "support/numeric/Rounding.h"
+#include "drawtool/Mapping.h"
+#include "support/numeric/IntegerConversion.h"
 
 namespace {
 
 // Text coordinates round half away from zero, unlike the other drawing calls,
-// and every y has TextShiftY subtracted (two's-complement wrap-around, so an
-// extreme shift never overflows into undefined behaviour).
-int TextX(const CoordinateFrame& frame, int x) { return RoundHalfAway(x * frame.scaleFactX + frame.offsetX); }
-
-int TextY(const CoordinateFrame& frame, int textShiftY, int y)
-{
-    const int mapped = RoundHalfAway(y * frame.scaleFactY + frame.offsetY);
-    return static_cast<int>(static_cast<unsigned>(mapped) - static_cast<unsigned>(textShiftY));
-}
+// and every y has TextShiftY subtracted (wrapping, so an extreme shift never
+// overflows into undefined behaviour).
+int TextX(const CoordinateFrame& frame, int x) { return MapHalfAwayX(frame, x); }
+int TextY(const CoordinateFrame& frame, int textShiftY, int y) { return WrappingSubtract(MapHalfAwayY(frame, y), textShiftY); }
 
 int TextOutAt(CDC& dc, const CoordinateFrame& frame, int textShiftY, int x, int y, const CString& text)
 {

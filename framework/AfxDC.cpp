@@ -1,6 +1,7 @@
 #include "AfxDC.h"
 
 #include <algorithm>
+#include <climits>
 
 CDC::~CDC()
 {
@@ -199,7 +200,12 @@ BOOL CDC::ArcTo(int x1, int y1, int x2, int y2, int x3, int y3, int x4, int y4)
 void CDC::FillSolidRect(int x, int y, int cx, int cy, COLORREF color)
 {
     ::SetBkColor(m_hDC, color);
-    RECT rect = {x, y, x + cx, y + cy};
+    // The far edges are summed in 64 bits and held in the 32-bit range.
+    auto edge = [](int from, int extent) {
+        const long long sum = static_cast<long long>(from) + extent;
+        return static_cast<LONG>(sum > INT_MAX ? INT_MAX : sum < INT_MIN ? INT_MIN : sum);
+    };
+    RECT rect = {x, y, edge(x, cx), edge(y, cy)};
     ::ExtTextOutA(m_hDC, 0, 0, ETO_OPAQUE, &rect, nullptr, 0, nullptr);
 }
 

@@ -10,9 +10,6 @@
 #include <cstdio>
 #include <cstdlib>
 
-using numeric_detail::TruncateToInt;
-using numeric_detail::WrappingAdd;
-using numeric_detail::WrappingSubtract;
 
 namespace {
 

@@ -5,9 +5,6 @@
 #include <cmath>
 #include <cstddef>
 
-using numeric_detail::TruncateToInt;
-using numeric_detail::WrappingAdd;
-using numeric_detail::WrappingSubtract;
 
 int FitLine(const std::vector<double>& xs, const std::vector<double>& ys, double& slope, double& intercept)
 {

@@ -5,7 +5,6 @@
 #include <cmath>
 #include <cstddef>
 
-using numeric_detail::TruncateToInt;
 
 void RotatePoint(double x, double y, double& rx, double& ry, double angle)
 {

@@ -8,9 +8,6 @@
 #include <cstdio>
 #include <cstdlib>
 
-using numeric_detail::TruncateToInt;
-using numeric_detail::WrappingAdd;
-using numeric_detail::WrappingSubtract;
 
 double RoundToStep(double origin, double value, double step, int upward, int ceilingMode)
 {

@@ -7,8 +7,8 @@ TEST(DllEntry, HostFindsTheCEntryPointsByNameAndDraws)
 {
     HMODULE module = ::LoadLibraryA("drawtool.dll");
     ASSERT_NE(nullptr, module);
-    auto create = reinterpret_cast<CMoruDrawTool* (*)(CWnd*, CDC*)>(::GetProcAddress(module, "CreateDrawTool"));
-    auto destroy = reinterpret_cast<void (*)(CMoruDrawTool*)>(::GetProcAddress(module, "DestroyDrawTool"));
+    auto create = reinterpret_cast<CMoruDrawTool* (*)(CWnd*, CDC*)>(reinterpret_cast<void*>(::GetProcAddress(module, "CreateDrawTool")));
+    auto destroy = reinterpret_cast<void (*)(CMoruDrawTool*)>(reinterpret_cast<void*>(::GetProcAddress(module, "DestroyDrawTool")));
     ASSERT_NE(nullptr, create) << "CreateDrawTool must be exported unmangled";
     ASSERT_NE(nullptr, destroy) << "DestroyDrawTool must be exported unmangled";
 
