@@ -1,9 +1,5 @@
 drawtool_test_program(numeric_tests
   support/numeric/RoundingTest.cpp
-  support/numeric/AxisScalingTest.cpp
-  support/numeric/StepRoundingTest.cpp
-  support/numeric/FittingTest.cpp
-  support/numeric/GeodesyTest.cpp
-  support/numeric/PlaneGeometryTest.cpp
+  support/numeric/NumericTest.cpp
 )
 target_link_libraries(numeric_tests PRIVATE support)
