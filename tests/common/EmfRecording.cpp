@@ -1,179 +1,137 @@
 #include "common/EmfRecording.h"
 
-#include <iomanip>
-#include <sstream>
+#include <cstdio>
+#include <iterator>
 
-EmfRecorder::EmfRecorder()
-{
-    m_dc.Attach(::CreateEnhMetaFileA(nullptr, nullptr, nullptr, nullptr));
-}
+EmfRecorder::EmfRecorder() { m_dc.Attach(::CreateEnhMetaFileA(nullptr, nullptr, nullptr, nullptr)); }
 
-EmfRecorder::~EmfRecorder()
-{
-    if (m_dc.m_hDC)
-        ::DeleteEnhMetaFile(::CloseEnhMetaFile(m_dc.Detach()));
-    if (m_closed)
-        ::DeleteEnhMetaFile(m_closed);
-}
+EmfRecorder::~EmfRecorder() { Finish(); }
 
 std::vector<EmfRecord> EmfRecorder::Finish()
 {
     std::vector<EmfRecord> records;
     if (!m_dc.m_hDC)
         return records;
-    m_closed = ::CloseEnhMetaFile(m_dc.Detach());
-    ::EnumEnhMetaFile(
-        nullptr, m_closed,
-        [](HDC, HANDLETABLE*, const ENHMETARECORD* record, int, LPARAM param) -> int {
-            if (record->iType == EMR_HEADER || record->iType == EMR_EOF)
-                return 1;
-            auto* out = reinterpret_cast<std::vector<EmfRecord>*>(param);
-            EmfRecord copy;
-            copy.type = record->iType;
-            const BYTE* begin = reinterpret_cast<const BYTE*>(record);
-            copy.bytes.assign(begin, begin + record->nSize);
-            out->push_back(std::move(copy));
-            return 1;
-        },
-        &records, nullptr);
+    const HENHMETAFILE file = ::CloseEnhMetaFile(m_dc.Detach());
+    ::EnumEnhMetaFile(nullptr, file, [](HDC, HANDLETABLE*, const ENHMETARECORD* record, int, LPARAM out) -> int {
+        const BYTE* bytes = reinterpret_cast<const BYTE*>(record);
+        if (record->iType != EMR_HEADER && record->iType != EMR_EOF)
+            reinterpret_cast<std::vector<EmfRecord>*>(out)->push_back({record->iType, {bytes, bytes + record->nSize}});
+        return 1;
+    }, &records, nullptr);
+    ::DeleteEnhMetaFile(file);
     return records;
 }
+
+namespace {
+
+#define NAME(t) {EMR_##t, #t}
+const std::pair<DWORD, const char*> kNames[] = {
+    NAME(SETVIEWPORTORGEX), NAME(SETBKCOLOR), NAME(SETTEXTCOLOR), NAME(SETBKMODE), NAME(SETTEXTALIGN),
+    NAME(SELECTOBJECT), NAME(DELETEOBJECT), NAME(CREATEPEN), NAME(CREATEBRUSHINDIRECT), NAME(EXTCREATEFONTINDIRECTW),
+    // The ten above select, create or set state; those below draw.
+    NAME(MOVETOEX), NAME(LINETO), NAME(RECTANGLE), NAME(ELLIPSE), NAME(ARC), NAME(ARCTO), NAME(PIE), NAME(ANGLEARC),
+    NAME(EXCLUDECLIPRECT), NAME(INTERSECTCLIPRECT), NAME(BITBLT), NAME(EXTTEXTOUTW), NAME(POLYBEZIER),
+    NAME(POLYGON), NAME(POLYLINE), NAME(POLYBEZIERTO), NAME(POLYLINETO), NAME(POLYPOLYLINE), NAME(POLYDRAW)};
+#undef NAME
+
+template <class... Args>
+std::string Printf(const char* format, Args... args)
+{
+    char text[256];
+    std::snprintf(text, sizeof text, format, args...);
+    return text;
+}
+
+std::string Name(DWORD type)
+{
+    if (type >= EMR_POLYBEZIER16 && type <= EMR_POLYDRAW16)  // 16-bit point lists: as their 32-bit forms
+        type = type == EMR_POLYDRAW16 ? EMR_POLYDRAW : type - (EMR_POLYBEZIER16 - EMR_POLYBEZIER);
+    for (const auto& [value, name] : kNames)
+        if (value == type)
+            return name;
+    return "type " + std::to_string(type);
+}
+
+} // namespace
 
 std::vector<EmfRecord> RecordsOfType(const std::vector<EmfRecord>& records, DWORD type)
 {
     std::vector<EmfRecord> matching;
-    for (const EmfRecord& record : records)
-        if (record.type == type)
-            matching.push_back(record);
+    std::copy_if(records.begin(), records.end(), std::back_inserter(matching), [&](auto& r) { return r.type == type; });
     return matching;
-}
-
-std::string RecordTypeName(DWORD type)
-{
-    switch (type) {
-#define NAME(t) case EMR_##t: return #t;
-        NAME(POLYBEZIER) NAME(POLYGON) NAME(POLYLINE) NAME(POLYBEZIERTO) NAME(POLYLINETO)
-        NAME(POLYPOLYLINE) NAME(POLYPOLYGON) NAME(SETWINDOWEXTEX) NAME(SETWINDOWORGEX)
-        NAME(SETVIEWPORTEXTEX) NAME(SETVIEWPORTORGEX) NAME(SETBRUSHORGEX) NAME(SETPIXELV)
-        NAME(SETMAPPERFLAGS) NAME(SETMAPMODE) NAME(SETBKMODE) NAME(SETPOLYFILLMODE) NAME(SETROP2)
-        NAME(SETSTRETCHBLTMODE) NAME(SETTEXTALIGN) NAME(SETTEXTCOLOR) NAME(SETBKCOLOR)
-        NAME(OFFSETCLIPRGN) NAME(MOVETOEX) NAME(EXCLUDECLIPRECT) NAME(INTERSECTCLIPRECT)
-        NAME(SAVEDC) NAME(RESTOREDC) NAME(SELECTOBJECT) NAME(CREATEPEN) NAME(CREATEBRUSHINDIRECT)
-        NAME(DELETEOBJECT) NAME(ANGLEARC) NAME(ELLIPSE) NAME(RECTANGLE) NAME(ROUNDRECT) NAME(ARC)
-        NAME(CHORD) NAME(PIE) NAME(LINETO) NAME(ARCTO) NAME(POLYDRAW) NAME(SETARCDIRECTION)
-        NAME(BEGINPATH) NAME(ENDPATH) NAME(CLOSEFIGURE) NAME(FILLPATH) NAME(STROKEPATH)
-        NAME(EXTSELECTCLIPRGN) NAME(BITBLT) NAME(STRETCHBLT) NAME(EXTCREATEFONTINDIRECTW)
-        NAME(EXTTEXTOUTA) NAME(EXTTEXTOUTW) NAME(POLYBEZIER16) NAME(POLYGON16) NAME(POLYLINE16)
-        NAME(POLYBEZIERTO16) NAME(POLYLINETO16) NAME(POLYPOLYLINE16) NAME(POLYPOLYGON16)
-        NAME(POLYDRAW16) NAME(EXTCREATEPEN) NAME(EXTFLOODFILL) NAME(FILLRGN) NAME(FRAMERGN)
-        NAME(INVERTRGN) NAME(PAINTRGN) NAME(SETICMMODE) NAME(SETLAYOUT)
-#undef NAME
-    default: return "type " + std::to_string(type);
-    }
 }
 
 std::string DumpRecordTypes(const std::vector<EmfRecord>& records)
 {
     std::string text;
-    for (const EmfRecord& record : records) {
-        if (!text.empty())
-            text += ", ";
-        text += RecordTypeName(record.type);
-    }
+    for (const EmfRecord& record : records)
+        text += (text.empty() ? "" : ", ") + Name(record.type);
     return text;
 }
 
+// Point lists: bounds, [number of polylines,] number of points, [polyline
+// counts,] points as POINTL or (16-bit forms) POINTS, [PolyDraw's types].
 std::vector<POINT> RecordPoints(const EmfRecord& record)
 {
-    std::vector<POINT> points;
-    switch (record.type) {
-    case EMR_POLYLINE: case EMR_POLYGON: case EMR_POLYBEZIER: case EMR_POLYBEZIERTO: case EMR_POLYLINETO: {
-        const auto* poly = reinterpret_cast<const EMRPOLYLINE*>(record.bytes.data());
-        for (DWORD i = 0; i < poly->cptl; ++i)
-            points.push_back(POINT{poly->aptl[i].x, poly->aptl[i].y});
-        break;
-    }
-    case EMR_POLYLINE16: case EMR_POLYGON16: case EMR_POLYBEZIER16: case EMR_POLYBEZIERTO16:
-    case EMR_POLYLINETO16: {
-        const auto* poly = reinterpret_cast<const EMRPOLYLINE16*>(record.bytes.data());
-        for (DWORD i = 0; i < poly->cpts; ++i)
-            points.push_back(POINT{poly->apts[i].x, poly->apts[i].y});
-        break;
-    }
-    default: break;
-    }
+    const bool poly = record.type == EMR_POLYPOLYLINE || record.type == EMR_POLYPOLYLINE16;
+    const bool small = record.type >= EMR_POLYBEZIER16 && record.type <= EMR_POLYDRAW16;
+    if (!small && record.type != EMR_POLYDRAW && (record.type < EMR_POLYBEZIER || record.type > EMR_POLYPOLYLINE))
+        return {};
+    const size_t first = poly ? 32 + 4 * record.As<DWORD>(24) : 28;
+    std::vector<POINT> points(record.As<DWORD>(poly ? 28 : 24));
+    for (size_t i = 0; i < points.size(); ++i)
+        points[i] = small ? POINT{record.As<SHORT>(first + 4 * i), record.As<SHORT>(first + 4 * i + 2)}
+                          : POINT{record.As<LONG>(first + 8 * i), record.As<LONG>(first + 8 * i + 4)};
     return points;
 }
 
-std::string DumpPoints(const std::vector<POINT>& points)
+std::string DescribeRecord(const EmfRecord& r)
 {
-    std::ostringstream text;
-    for (const POINT& p : points)
-        text << "(" << p.x << ", " << p.y << ") ";
-    return text.str();
-}
-
-std::string DescribeRecord(const EmfRecord& record)
-{
-    std::ostringstream text;
-    text << RecordTypeName(record.type);
-    auto color = [&](COLORREF c) { text << "0x" << std::hex << std::setw(6) << std::setfill('0') << c << std::dec; };
-    auto object = [&](DWORD index) {
-        if (index & 0x80000000u)
-            text << " stock " << (index & 0x7fffffffu);
-        else
-            text << " " << index;
-    };
-    switch (record.type) {
-    case EMR_SETVIEWPORTORGEX: case EMR_MOVETOEX: case EMR_LINETO: {
-        const auto r = record.As<EMRLINETO>();
-        text << " " << r.ptl.x << " " << r.ptl.y;
-        break;
-    }
-    case EMR_CREATEPEN: {
-        const auto r = record.As<EMRCREATEPEN>();
-        text << " " << r.ihPen << " style " << r.lopn.lopnStyle << " width " << r.lopn.lopnWidth.x << " color ";
-        color(r.lopn.lopnColor);
-        break;
-    }
-    case EMR_CREATEBRUSHINDIRECT: {
-        const auto r = record.As<EMRCREATEBRUSHINDIRECT>();
-        text << " " << r.ihBrush << " style " << r.lb.lbStyle << " color ";
-        color(r.lb.lbColor);
-        text << " hatch " << r.lb.lbHatch;
-        break;
-    }
+    std::string text = Name(r.type);
+    const DWORD object = r.As<DWORD>(8);
+    const LOGFONTW font = r.As<EMREXTCREATEFONTINDIRECTW>().elfw.elfLogFont;
+    char face[LF_FACESIZE * 2] = {};
+    switch (r.type) {
+    case EMR_SETTEXTCOLOR: case EMR_SETBKCOLOR: return text + Printf(" 0x%06lx", object);
     case EMR_SELECTOBJECT: case EMR_DELETEOBJECT:
-        object(record.As<EMRSELECTOBJECT>().ihObject);
-        break;
-    case EMR_EXTCREATEFONTINDIRECTW: {
-        const auto r = record.As<EMREXTCREATEFONTINDIRECTW>();
-        const LOGFONTW& f = r.elfw.elfLogFont;
-        char face[LF_FACESIZE * 2] = {};
-        ::WideCharToMultiByte(CP_ACP, 0, f.lfFaceName, -1, face, sizeof face, nullptr, nullptr);
-        text << " " << r.ihFont << " height " << f.lfHeight << " escapement " << f.lfEscapement << " orientation "
-             << f.lfOrientation << " weight " << f.lfWeight << " italic " << int(f.lfItalic) << " charset "
-             << int(f.lfCharSet) << " precision " << int(f.lfOutPrecision) << " clip " << int(f.lfClipPrecision)
-             << " face '" << face << "'";
-        break;
+        return text + (object & 0x80000000u ? " stock " : " ") + std::to_string(object & 0x7fffffffu);
+    case EMR_CREATEPEN:
+        return text + Printf(" %lu style %lu width %ld color 0x%06lx", object, r.As<DWORD>(12), r.As<LONG>(16),
+                             r.As<DWORD>(24));
+    case EMR_CREATEBRUSHINDIRECT:
+        return text + Printf(" %lu style %lu color 0x%06lx hatch %lu", object, r.As<DWORD>(12), r.As<DWORD>(16),
+                             r.As<DWORD>(20));
+    case EMR_EXTCREATEFONTINDIRECTW:
+        ::WideCharToMultiByte(CP_ACP, 0, font.lfFaceName, -1, face, sizeof face, nullptr, nullptr);
+        return text + Printf(" %lu height %ld escapement %ld orientation %ld weight %ld italic %d charset %d "
+                             "precision %d clip %d face '%s'", object, font.lfHeight, font.lfEscapement,
+                             font.lfOrientation, font.lfWeight, font.lfItalic, font.lfCharSet, font.lfOutPrecision,
+                             font.lfClipPrecision, face);
+    case EMR_BITBLT:  // x y cx cy after the bounds, then the raster operation
+        return text + Printf(" %ld %ld %ld %ld rop %lx", r.As<LONG>(24), r.As<LONG>(28), r.As<LONG>(32),
+                             r.As<LONG>(36), r.As<DWORD>(40));
+    case EMR_ANGLEARC:  // centre, radius, start and sweep angles
+        return text + Printf(" %ld %ld %lu %g %g", object, r.As<LONG>(12), r.As<DWORD>(16), r.As<FLOAT>(20),
+                             r.As<FLOAT>(24));
+    case EMR_EXTTEXTOUTW:  // the opaque box
+        return text + Printf(" %ld %ld %ld %ld", r.As<LONG>(56), r.As<LONG>(60), r.As<LONG>(64), r.As<LONG>(68));
     }
-    case EMR_SETTEXTCOLOR: case EMR_SETBKCOLOR:
-        text << " ";
-        color(record.As<EMRSETTEXTCOLOR>().crColor);
-        break;
-    case EMR_SETBKMODE: case EMR_SETTEXTALIGN: case EMR_SETROP2: case EMR_SETPOLYFILLMODE: case EMR_SETMAPMODE:
-    case EMR_SETARCDIRECTION: case EMR_RESTOREDC:
-        text << " " << static_cast<int>(record.As<EMRSETBKMODE>().iMode);
-        break;
-    default: break;
-    }
-    return text.str();
+    const std::vector<POINT> points = RecordPoints(r);
+    if (!points.empty())
+        text += " " + std::to_string(points.size()) + ":";
+    for (const POINT& p : points)
+        text += Printf(" %ld,%ld", p.x, p.y);
+    for (size_t at = 8; points.empty() && at < r.bytes.size(); at += 4)  // other types: every value after the size
+        text += " " + std::to_string(r.As<LONG>(at));
+    return text;
 }
 
-std::vector<std::string> DescribeRecords(const std::vector<EmfRecord>& records)
+std::vector<std::string> DescribeRecords(const std::vector<EmfRecord>& records, bool drawing)
 {
     std::vector<std::string> lines;
     for (const EmfRecord& record : records)
-        lines.push_back(DescribeRecord(record));
+        if (!drawing || std::none_of(kNames, kNames + 10, [&](auto& n) { return n.first == record.type; }))  // state
+            lines.push_back(DescribeRecord(record));
     return lines;
 }

@@ -1,9 +1,13 @@
 // Records what a DC really receives: an enhanced-metafile DC whose records
-// are read back with EnumEnhMetaFile after drawing.
+// are read back after drawing and described one line per record, for
+// comparison with tables of expected lines.
 #pragma once
 
-#include "framework/afxwin.h"
+#include "drawtool/DrawTool.h"
 
+#include <gtest/gtest.h>
+
+#include <algorithm>
 #include <cstring>
 #include <string>
 #include <vector>
@@ -12,12 +16,14 @@ struct EmfRecord {
     DWORD type = 0;
     std::vector<BYTE> bytes;  ///< the whole record, ENHMETARECORD header first
 
-    /// The record viewed as one of the EMR* structures.
+    /// The record viewed, from byte `offset` on, as one of the EMR* structures
+    /// or a field of one (zeros past its end).
     template <class T>
-    T As() const
+    T As(size_t offset = 0) const
     {
         T value{};
-        std::memcpy(&value, bytes.data(), std::min(sizeof(T), bytes.size()));
+        if (offset < bytes.size())
+            std::memcpy(&value, bytes.data() + offset, std::min(sizeof(T), bytes.size() - offset));
         return value;
     }
 };
@@ -33,22 +39,43 @@ public:
 
 private:
     CDC m_dc;
-    HENHMETAFILE m_closed = nullptr;
 };
 
 /// The records of one type, in order.
 std::vector<EmfRecord> RecordsOfType(const std::vector<EmfRecord>& records, DWORD type);
 /// The record types in order, as EMR_ names: "SELECTOBJECT, LINETO, ...".
 std::string DumpRecordTypes(const std::vector<EmfRecord>& records);
-/// The name of an EMR_ record type ("EMR_LINETO" is "LINETO").
-std::string RecordTypeName(DWORD type);
-/// One line per record with its main arguments, for table comparisons:
-/// "SETVIEWPORTORGEX 0 310", "CREATEPEN 1 style 0 width 0 color 0x000000",
-/// "SELECTOBJECT stock 7", "EXTCREATEFONTINDIRECTW 2 height 50 ...".
+/// One line per record with its arguments: "SETVIEWPORTORGEX 0 310",
+/// "CREATEPEN 1 style 0 width 0 color 0x000000", "SELECTOBJECT stock 7",
+/// "ELLIPSE -20 -20 19 19" (boxes as stored: inclusive), "POLYLINE 3: 0,0
+/// 1,1 2,2" (16-bit forms named without the 16), "BITBLT x y cx cy rop hex",
+/// "EXTTEXTOUTW l t r b" (the opaque box).
 std::string DescribeRecord(const EmfRecord& record);
-std::vector<std::string> DescribeRecords(const std::vector<EmfRecord>& records);
-/// The points of an EMR_POLYLINE/POLYGON/POLYBEZIER(TO)/POLYLINETO record,
-/// 32-bit or 16-bit form.
+/// `drawing`: object, mode and state records left out.
+std::vector<std::string> DescribeRecords(const std::vector<EmfRecord>& records, bool drawing = false);
+/// The points of a point-list record (POLYLINE, POLYGON, ...); none for others.
 std::vector<POINT> RecordPoints(const EmfRecord& record);
-/// "(x, y) (x, y) ..." for a failure message.
-std::string DumpPoints(const std::vector<POINT>& points);
+inline std::string DescribePoint(POINT p) { return std::to_string(p.x) + "," + std::to_string(p.y); }
+
+/// The drawing calls of `records` equal the table `{"LINETO 1 2", ...}`;
+/// a failure prints both tables.
+using Calls = std::vector<std::string>;
+#define EXPECT_DRAWS(records, ...) EXPECT_EQ((Calls __VA_ARGS__), DescribeRecords(records, true))
+
+/// A tool initialized (mode 0) on a metafile DC with the frame given.
+struct RecordingTool {
+    EmfRecorder recorder;
+    CMoruDrawTool tool{nullptr, &recorder.Dc()};
+
+    explicit RecordingTool(double scaleX = 1.0, double scaleY = 1.0, double offsetX = 0.0, double offsetY = 0.0,
+                           double scaleFact = 1.0)
+    {
+        tool.SetScaleFact(scaleFact);
+        tool.SetScaleFactX(scaleX);
+        tool.SetScaleFactY(scaleY);
+        tool.SetOffsetX(offsetX);
+        tool.SetOffsetY(offsetY);
+        tool.Initialize(nullptr, 0);
+    }
+    std::vector<EmfRecord> Finish() { tool.Finalize(); return recorder.Finish(); }
+};
