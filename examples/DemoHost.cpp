@@ -45,6 +45,26 @@ void DrawChart(CDC& dc)
     tool->SetPen(PS_SOLID, 2, RGB(0, 0, 0));
     tool->Rectangle(0, -1200, 1000, 1200);
 
+    // Ticks below and left of the frame, labelled in a 14-unit font.
+    tool->SetPen(PS_SOLID, 1, RGB(0, 0, 0));
+    tool->SetFont1A(14, 0.0, "Liberation Sans", 0.0);
+    tool->SetTextAlign(TA_TOP | TA_CENTER);
+    char label[32];
+    for (int x = 0; x <= 1000; x += 100) {
+        tool->DrawTick(x, -1200, 6, 0);  // positive length: downward on the screen
+        std::snprintf(label, sizeof label, "%d", x);
+        tool->TextOutA(x, -1240, label);
+    }
+    tool->SetTextAlign(TA_TOP | TA_RIGHT);
+    for (int y = -1200; y <= 1200; y += 400) {
+        tool->DrawTick(0, y, -6, 1);
+        std::snprintf(label, sizeof label, "%.1f", y / 1000.0);
+        tool->TextOutA(-15, y + 35, label);
+    }
+    tool->SetPointFontA(6, 0.0, "Liberation Sans", 0.0);  // 6 points: 21 tenths of a millimetre
+    tool->SetTextAlign(TA_BOTTOM | TA_LEFT);
+    tool->TextOutA(0, 1230, "Damped oscillation");
+
     // A damped oscillation as one polyline of 2001 points.
     std::vector<POINT> curve;
     for (int i = 0; i <= 2000; ++i) {

@@ -5,6 +5,8 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <random>
+#include <vector>
 
 TEST(Mapping, RulesScaleThenOffsetThenPushAwayFromZero)
 {
@@ -23,6 +25,32 @@ TEST(Mapping, RulesScaleThenOffsetThenPushAwayFromZero)
     frame = CoordinateFrame{0, 0, 3.0, 0.0, 100.0, -100.0, 1.0, -1.0};
     EXPECT_EQ(31, MapX2(frame, 10)) << "the uniform rules use ScaleFact and the shared offsets";
     EXPECT_EQ(29, MapY2(frame, 10));
+}
+
+TEST(Mapping, PointListsMapExactlyAsSinglePoints)
+{
+    // The vectorised list mapping against the rule itself, on random frames
+    // and points (including sums beyond the 32-bit range and whole sums).
+    std::mt19937 random(42);
+    std::uniform_real_distribution<double> scale(-3.0, 3.0), offset(-1e3, 1e3);
+    std::uniform_int_distribution<int> coordinate(-100000, 100000), wide(INT_MIN, INT_MAX);
+    for (int trial = 0; trial < 200; ++trial) {
+        CoordinateFrame frame;
+        frame.scaleFactX = trial % 5 ? scale(random) : 2.0;  // every fifth: whole sums only
+        frame.scaleFactY = trial % 7 ? scale(random) : 1e300;
+        frame.offsetX = trial % 5 ? offset(random) : 3.0;
+        frame.offsetY = offset(random);
+        std::vector<POINT> from(1 + trial), to(from.size());
+        for (POINT& p : from)
+            p = POINT{trial % 3 ? coordinate(random) : wide(random), coordinate(random)};
+        MapPoints(frame, from.data(), static_cast<int>(from.size()), to.data());
+        for (size_t i = 0; i < from.size(); ++i) {
+            const POINT expected = MapPoint(frame, from[i]);
+            ASSERT_TRUE(expected.x == to[i].x && expected.y == to[i].y)
+                << "trial " << trial << " point " << i << ": expected (" << expected.x << ", " << expected.y
+                << "), got (" << to[i].x << ", " << to[i].y << ")";
+        }
+    }
 }
 
 TEST(Mapping, ConversionsAndCurrentPositionKeepTheirOwnRules)

@@ -12,4 +12,6 @@ drawtool_test_program(drawtool_tests
   drawtool/TextOutputTest.cpp
   framework/FrameworkTest.cpp
 )
+# The list mapping is internal to the module: its test compiles it in.
+target_sources(drawtool_tests PRIVATE ${PROJECT_SOURCE_DIR}/drawtool/Mapping.cpp)
 target_link_libraries(drawtool_tests PRIVATE drawtool support version)
