@@ -11,4 +11,5 @@ struct GdiSet {
     CBrush brush;
     CBrush* oldBrush = nullptr;  ///< the DC's brush
     CPoint oldViewportOrg;       ///< the viewport origin Initialize replaced
+    bool selected = false;       ///< Initialize has selected the objects, Finalize not yet restored them
 };

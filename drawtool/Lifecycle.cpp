@@ -1,6 +1,7 @@
 #include "drawtool/Device.h"
 #include "drawtool/DrawTool.h"
 #include "drawtool/GdiSet.h"
+#include "support/numeric/IntegerConversion.h"
 
 #include <new>
 
@@ -27,6 +28,7 @@ void RestoreDevice(CDC& dc, GdiSet& set)
     set.brush.DeleteObject();
     dc.SelectObject(set.oldBrush);
     dc.SetViewportOrg(set.oldViewportOrg.x, set.oldViewportOrg.y);
+    set.selected = false;
 }
 
 } // namespace
@@ -34,7 +36,7 @@ void RestoreDevice(CDC& dc, GdiSet& set)
 void CMoruDrawTool::Initialize(RECT* rect, int mode)
 {
     CDC& dc = DeviceOf(m_dc);
-    if (m_gdiSet && m_gdiSet->pen.m_hObject)
+    if (m_gdiSet && m_gdiSet->selected)
         RestoreDevice(dc, *m_gdiSet);
 
     m_keepYAxis = 1;
@@ -44,26 +46,27 @@ void CMoruDrawTool::Initialize(RECT* rect, int mode)
         m_keepYAxis = 0;
         origin = CPoint(m_frame.orgX, m_frame.orgY);
     } else if (mode == 2) {
-        origin = CPoint(m_frame.orgX, m_frame.orgY + (rect ? rect->bottom : 0));
+        origin = CPoint(m_frame.orgX, WrappingAdd(m_frame.orgY, rect ? rect->bottom : 0));
     }
     const CPoint oldOrigin = dc.SetViewportOrg(origin.x, origin.y);
 
     m_logBrush = LOGBRUSH{BS_HOLLOW, RGB(255, 255, 255), 0};
-    if (!m_gdiSet)
-        return;
-    m_gdiSet->oldViewportOrg = oldOrigin;
+    if (m_gdiSet) {
+        m_gdiSet->oldViewportOrg = oldOrigin;
+        m_gdiSet->selected = true;
 
-    m_gdiSet->pen.Attach(::CreatePen(PS_SOLID, 0, RGB(0, 0, 0)));
-    m_gdiSet->oldPen = dc.SelectObject(&m_gdiSet->pen);
+        m_gdiSet->pen.Attach(::CreatePen(PS_SOLID, 0, RGB(0, 0, 0)));
+        m_gdiSet->oldPen = dc.SelectObject(&m_gdiSet->pen);
 
-    // Before the first font call OldFont is null; SetFont1A's re-select of
-    // it then selects nothing, and its selection of the new font stores the
-    // DC's own font in OldFont.
-    SetFont1A(50, 0.0, nullptr, 0.0);
-    ::GetObjectA(m_gdiSet->font.m_hObject, sizeof(LOGFONTA), &m_logFont);
+        // Before the first font call OldFont is null; SetFont1A's re-select
+        // of it then selects nothing, and its selection of the new font
+        // stores the DC's own font in OldFont.
+        SetFont1A(50, 0.0, nullptr, 0.0);
+        ::GetObjectA(m_gdiSet->font.m_hObject, sizeof(LOGFONTA), &m_logFont);
 
-    m_gdiSet->brush.Attach(::CreateBrushIndirect(&m_logBrush));
-    m_gdiSet->oldBrush = dc.SelectObject(&m_gdiSet->brush);
+        m_gdiSet->brush.Attach(::CreateBrushIndirect(&m_logBrush));
+        m_gdiSet->oldBrush = dc.SelectObject(&m_gdiSet->brush);
+    }
 
     dc.SetTextColor(RGB(0, 0, 0));
     dc.SetBkMode(TRANSPARENT);

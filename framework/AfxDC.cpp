@@ -213,7 +213,8 @@ void CDC::FillSolidRect(const RECT* rect, COLORREF color)
 {
     if (!rect)
         return;
-    FillSolidRect(rect->left, rect->top, rect->right - rect->left, rect->bottom - rect->top, color);
+    ::SetBkColor(m_hDC, color);
+    ::ExtTextOutA(m_hDC, 0, 0, ETO_OPAQUE, rect, nullptr, 0, nullptr);
 }
 
 int CDC::ExcludeClipRect(const RECT* rect)

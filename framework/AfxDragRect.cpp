@@ -62,7 +62,11 @@ void CDC::DrawDragRect(const RECT* rect, SIZE size, const RECT* rectLast, SIZE s
 {
     if (!m_hDC)
         return;
-    HBRUSH halftone = (!brush || !brushLast) ? CreateHalftoneBrush() : nullptr;
+    // As MFC: the last frame is erased with the new frame's brush unless it
+    // has its own; the halftone brush stands in for a missing one.
+    if (!brushLast)
+        brushLast = brush;
+    HBRUSH halftone = !brush || !brushLast ? CreateHalftoneBrush() : nullptr;
     if (rectLast)
         InvertFrameWith(m_hDC, *rectLast, sizeLast, brushLast, halftone);
     if (rect)

@@ -13,6 +13,10 @@ export WINEPREFIX="$build/wineprefix"
 "$root/cmake/wine-run.sh" --version >/dev/null
 ( cd "$build" && WINEDEBUG=-all wineserver -p )
 trap 'WINEPREFIX="$build/wineprefix" wineserver -k 2>/dev/null || true' EXIT
+# Start Wine's system services now, detached from ctest's output pipes: a
+# service started by the first test would hold the pipes open and ctest
+# would wait for it forever.
+"$root/cmake/wine-run.sh" cmd.exe /c exit </dev/null >/dev/null 2>&1
 
 cd "$build"
 ctest --output-on-failure --timeout 900

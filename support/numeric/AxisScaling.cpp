@@ -175,7 +175,7 @@ double NiceFloor(double v)
 double NiceStep(double x)
 {
     if (x == 0.0)
-        return 0.0;
+        return x;
     const double u = DecadeUnit(x);
     return u * FirstAbove(kSteps, x / u, 10.0);
 }

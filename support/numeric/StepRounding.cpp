@@ -4,9 +4,8 @@
 #include "support/numeric/Rounding.h"
 
 #include <algorithm>
+#include <charconv>
 #include <cmath>
-#include <cstdio>
-#include <cstdlib>
 
 
 double RoundToStep(double origin, double value, double step, int upward, int ceilingMode)
@@ -43,7 +42,11 @@ double RoundToDigits(double v, int digits)
     // appends zeros: capping it keeps the value and bounds the text
     // (309 integer digits, a sign, a point and the decimals).
     const int decimals = std::min(digits - 1, 1100);
+    // Correctly rounded both ways, whatever C runtime the module links.
     char text[1500];
-    std::snprintf(text, sizeof text, "%.*f", decimals, v);
-    return std::atof(text);
+    const std::to_chars_result printed =
+        std::to_chars(text, text + sizeof text, v, std::chars_format::fixed, decimals);
+    double rounded = v;
+    std::from_chars(text, printed.ptr, rounded);
+    return rounded;
 }

@@ -105,7 +105,7 @@ void SetLogFileName(const char* path)
         LogFileName[0] = '\0';
         return;
     }
-    std::memcpy(LogFileName, path, std::strlen(path) + 1);
+    std::memmove(LogFileName, path, std::strlen(path) + 1);  // the path may be the store itself
 }
 
 int DeleteLogFile()

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cfloat>
 #include <cmath>
 #include <random>
 #include <vector>
@@ -30,7 +31,9 @@ TEST(Mapping, RulesScaleThenOffsetThenPushAwayFromZero)
 TEST(Mapping, PointListsMapExactlyAsSinglePoints)
 {
     // The vectorised list mapping against the rule itself, on random frames
-    // and points (including sums beyond the 32-bit range and whole sums).
+    // and points (including sums beyond the 32-bit range and whole sums),
+    // in every processor rounding mode a host might have set.
+    const unsigned modes[] = {_RC_NEAR, _RC_CHOP, _RC_UP, _RC_DOWN};
     std::mt19937 random(42);
     std::uniform_real_distribution<double> scale(-3.0, 3.0), offset(-1e3, 1e3);
     std::uniform_int_distribution<int> coordinate(-100000, 100000), wide(INT_MIN, INT_MAX);
@@ -43,6 +46,7 @@ TEST(Mapping, PointListsMapExactlyAsSinglePoints)
         std::vector<POINT> from(1 + trial), to(from.size());
         for (POINT& p : from)
             p = POINT{trial % 3 ? coordinate(random) : wide(random), coordinate(random)};
+        _controlfp(modes[trial % 4], _MCW_RC);
         MapPoints(frame, from.data(), static_cast<int>(from.size()), to.data());
         for (size_t i = 0; i < from.size(); ++i) {
             const POINT expected = MapPoint(frame, from[i]);
@@ -51,6 +55,7 @@ TEST(Mapping, PointListsMapExactlyAsSinglePoints)
                 << "), got (" << to[i].x << ", " << to[i].y << ")";
         }
     }
+    _controlfp(_RC_NEAR, _MCW_RC);
 }
 
 TEST(Mapping, ConversionsAndCurrentPositionKeepTheirOwnRules)

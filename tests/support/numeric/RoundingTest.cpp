@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cfloat>
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
@@ -44,6 +45,18 @@ TEST(Rounding, RoundToIntPushesFractionsAwayFromZeroAndPinsTheOpenCases)
     };
     for (const auto& c : cases)
         EXPECT_EQ(c.expected, RoundToInt(c.x)) << "x = " << c.x;
+}
+
+TEST(Rounding, RoundToIntIgnoresTheProcessorRoundingMode)
+{
+    // Regression: a host that switched to truncation got 2 for 2.1.
+    for (unsigned mode : {_RC_CHOP, _RC_UP, _RC_DOWN, _RC_NEAR}) {
+        _controlfp(mode, _MCW_RC);
+        const double values[] = {2.1, -2.1, 2.5, 0.5, -0.75, 1e9 + 0.1, 0x1.fffffffffffffp-1, 7.0};
+        const int expected[] = {3, -3, 3, 1, -1, 1000000001, 2, 7};
+        for (int i = 0; i < 8; ++i)
+            EXPECT_EQ(expected[i], RoundToInt(values[i])) << "x = " << values[i] << " in mode " << mode;
+    }
 }
 
 TEST(Rounding, RoundToIntMatchesTheTextRule)
