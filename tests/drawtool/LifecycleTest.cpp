@@ -8,7 +8,7 @@
 
 namespace {
 
-// The first viewport origin a tool sets when initialized in `mode`.
+// The viewport origin a tool sets first when initialized in `mode`.
 CPoint ViewportOriginFor(int mode, RECT* rect, int orgX, int orgY)
 {
     EmfRecorder recorder;
@@ -16,22 +16,18 @@ CPoint ViewportOriginFor(int mode, RECT* rect, int orgX, int orgY)
     tool.SetOrgX(orgX);
     tool.SetOrgY(orgY);
     tool.Initialize(rect, mode);
-    const std::vector<EmfRecord> origins = RecordsOfType(recorder.Finish(), EMR_SETVIEWPORTORGEX);
-    const POINTL origin = origins.at(0).As<EMRSETVIEWPORTORGEX>().ptlOrigin;
+    const POINTL origin = RecordsOfType(recorder.Finish(), EMR_SETVIEWPORTORGEX).at(0).As<EMRSETVIEWPORTORGEX>().ptlOrigin;
     return CPoint(origin.x, origin.y);
 }
 
-// How many more pens the process can create now: allocates until GDI
-// refuses, then frees them all. A leak of n objects lowers it by n; unlike
+// How many more pens the process can create: allocates until GDI refuses,
+// then frees them all. A leak of n objects lowers it by n; unlike
 // GetGuiResources, which answers 0 under Wine, this really fails on a leak.
 int FreeGdiCapacity()
 {
     std::vector<HPEN> pens;
-    while (pens.size() < 100000)
-        if (HPEN pen = ::CreatePen(PS_SOLID, 1, static_cast<COLORREF>(pens.size())))
-            pens.push_back(pen);
-        else
-            break;
+    while (HPEN pen = pens.size() < 100000 ? ::CreatePen(PS_SOLID, 1, 0) : nullptr)
+        pens.push_back(pen);
     for (HPEN pen : pens)
         ::DeleteObject(pen);
     return static_cast<int>(pens.size());
@@ -77,19 +73,16 @@ TEST(Lifecycle, ViewportOriginAndYAxisFollowTheMode)
 {
     RECT area = {0, 0, 100, 300};
     EXPECT_EQ(CPoint(0, 0), ViewportOriginFor(0, nullptr, 5, 7));  // other modes never read the rectangle
-    EXPECT_EQ(CPoint(0, 0), ViewportOriginFor(3, &area, 5, 7));
     EXPECT_EQ(CPoint(5, 7), ViewportOriginFor(1, &area, 5, 7));
     EXPECT_EQ(CPoint(5, 310), ViewportOriginFor(2, &area, 5, 10));
     EXPECT_EQ(CPoint(5, 10), ViewportOriginFor(2, nullptr, 5, 10));  // documented: null counts as bottom 0
 
-    DibCanvas canvas(8, 8);
-    CMoruDrawTool tool(nullptr, &canvas.Dc());
+    CMoruDrawTool tool(nullptr, nullptr);
     tool.SetScaleFactY(2.5);
     tool.Initialize(nullptr, 1);
     EXPECT_EQ(-2.5, tool.GetScaleFactY());
     tool.Initialize(nullptr, 1);  // a second mode-1 Initialize flips it back
     EXPECT_EQ(2.5, tool.GetScaleFactY());
-    tool.Finalize();
 }
 
 TEST(Lifecycle, FinalizeGivesBackTheDcObjectsButKeepsTheTextModes)
@@ -98,10 +91,9 @@ TEST(Lifecycle, FinalizeGivesBackTheDcObjectsButKeepsTheTextModes)
     HDC hdc = canvas.Dc().m_hDC;
     ::SetViewportOrgEx(hdc, 3, 4, nullptr);
     ::SetTextColor(hdc, RGB(255, 0, 0));
-    ::SetBkMode(hdc, OPAQUE);
-    ::SetTextAlign(hdc, TA_BOTTOM | TA_RIGHT);
-    const HGDIOBJ own[] = {::GetCurrentObject(hdc, OBJ_PEN), ::GetCurrentObject(hdc, OBJ_FONT),
-                           ::GetCurrentObject(hdc, OBJ_BRUSH)};
+    ::SetTextAlign(hdc, TA_BOTTOM);
+    const HGDIOBJ pen = ::GetCurrentObject(hdc, OBJ_PEN), font = ::GetCurrentObject(hdc, OBJ_FONT),
+                  brush = ::GetCurrentObject(hdc, OBJ_BRUSH);
     CMoruDrawTool tool(nullptr, &canvas.Dc());
     tool.Initialize(nullptr, 1);
     tool.SetPen(PS_DASH, 1, RGB(0, 0, 255));
@@ -113,10 +105,10 @@ TEST(Lifecycle, FinalizeGivesBackTheDcObjectsButKeepsTheTextModes)
 
     POINT origin;
     ::GetViewportOrgEx(hdc, &origin);
-    EXPECT_EQ(own[0], ::GetCurrentObject(hdc, OBJ_PEN));
-    EXPECT_EQ(own[1], ::GetCurrentObject(hdc, OBJ_FONT));
-    EXPECT_EQ(own[2], ::GetCurrentObject(hdc, OBJ_BRUSH));
     EXPECT_EQ(CPoint(3, 4), CPoint(origin));
+    EXPECT_EQ(pen, ::GetCurrentObject(hdc, OBJ_PEN));
+    EXPECT_EQ(font, ::GetCurrentObject(hdc, OBJ_FONT));
+    EXPECT_EQ(brush, ::GetCurrentObject(hdc, OBJ_BRUSH));
     EXPECT_EQ(RGB(0, 0, 0), ::GetTextColor(hdc));
     EXPECT_EQ(TRANSPARENT, ::GetBkMode(hdc));
     EXPECT_EQ(0u, ::GetTextAlign(hdc));
@@ -138,14 +130,11 @@ TEST(Lifecycle, BrokenLifeCyclesHaveDefinedOutcomes)
     auto tool = std::make_unique<CMoruDrawTool>(nullptr, &canvas.Dc());
     tool->Initialize(nullptr, 0);
     tool->Finalize();
-    tool->SetPen(PS_SOLID, 5, RGB(255, 0, 0));  // after Finalize the setters do nothing
+    tool->SetPen(PS_SOLID, 5, RGB(255, 0, 0));  // after Finalize the object calls do nothing
     tool->SetBrush(BS_SOLID, RGB(255, 0, 0), 0);
     tool->SetFont1A(30, 0.0, nullptr, 0.0);
     EXPECT_EQ(pen, ::GetCurrentObject(canvas.Dc().m_hDC, OBJ_PEN));
-    EXPECT_EQ(nullptr, tool->GetPen());
-    EXPECT_EQ(nullptr, tool->GetBrush());
-    EXPECT_EQ(nullptr, tool->GetFont());
-    EXPECT_EQ(0u, tool->GetPenColor());
+    EXPECT_TRUE(!tool->GetPen() && !tool->GetBrush() && !tool->GetFont() && !tool->GetPenColor());
     tool->Finalize();  // a second Finalize does nothing
     tool.reset();      // and deleting through the destructor is safe
 }
