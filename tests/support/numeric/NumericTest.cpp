@@ -6,6 +6,7 @@
 #include <climits>
 #include <cmath>
 #include <random>
+#include <sstream>
 
 namespace {
 
@@ -14,6 +15,7 @@ const double kNaN = std::nan(""), kInf = HUGE_VAL, kPi = std::acos(-1.0);
 
 Values V(double x) { return {x}; }
 Values V(Values v) { return v; }
+Values V(const RECT& r) { return {1.0 * r.left, 1.0 * r.top, 1.0 * r.right, 1.0 * r.bottom}; }
 struct Entry { Values actual, expected; const char* what; double tolerance = 0; };
 // A table entry: an expression and the first values it must give, exactly or within a tolerance.
 #define E(actual, ...) Entry{V(actual), {__VA_ARGS__}, #actual}
@@ -23,14 +25,13 @@ struct Entry { Values actual, expected; const char* what; double tolerance = 0; 
 // times a power of ten may be off in the last bit); NaN matches NaN. The message names each value that fails.
 testing::AssertionResult Same(const char*, const char*, const std::vector<Entry>& entries, double tolerance)
 {
-    testing::AssertionResult result = testing::AssertionSuccess();
+    std::ostringstream failures;
     for (const Entry& x : entries)
         for (std::size_t i = 0; i < x.expected.size(); ++i)
-            if (const double e = x.expected[i], a = x.actual.at(i), t = std::max(tolerance, x.tolerance);
-                !(e == a || (std::isnan(e) && std::isnan(a)) || std::fabs(e - a) <= std::max(t, 1e-15 * std::fabs(e))))
-                result = testing::AssertionFailure()
-                         << result.message() << "\n" << x.what << " [" << i << "]: expected " << e << ", got " << a;
-    return result;
+            if (const double e = x.expected[i], a = x.actual.at(i); !(e == a || (std::isnan(e) && std::isnan(a))
+                    || std::fabs(e - a) <= std::max({tolerance, x.tolerance, 1e-15 * std::fabs(e)})))
+                failures << "\n" << x.what << " [" << i << "]: expected " << e << ", got " << a;
+    return failures.str().empty() ? testing::AssertionSuccess() : testing::AssertionFailure() << failures.str();
 }
 #define EXPECT_TABLE(tolerance, ...) EXPECT_PRED_FORMAT2(Same, (std::vector<Entry>{__VA_ARGS__}), tolerance)
 
@@ -48,69 +49,45 @@ bool LiteralAxis(int n, double& min, double& max, double& step, int keepMin, boo
     const double min0 = min, max0 = max;
     step = (coarse ? NiceStep : NiceCeil)(std::fabs(max0 - min0) / n);
     if (keepMin != 0) return max = min + n * step, false;
-    snap(false);
-    if (!(max0 >= (max = n * step + min))) return false;
+    if (snap(false), !(max0 >= (max = n * step + min))) return false;
     step = NiceCeil(std::fabs(NiceCeil(max0) - NiceFloor(min0)) / n);
-    snap(true);
-    return max = n * step + min, true;
+    return snap(true), max = n * step + min, true;
 }
 
 TEST(AxisScalingAndStepRounding, TablesAndTheCountingRule)
 {
     const auto range = [](double min, double max) { Values v{-1, min, max}; v[0] = NiceRange(v[1], v[2]); return v; };
-    const auto parts = [](double span) { // count and step of NiceDivisions, then of NiceDivisionsPositive
-        Values v(4, -1.0);
-        return v[0] = NiceDivisions(span, v[1]), v[2] = NiceDivisionsPositive(span, v[3]), v;
-    };
-    const auto axis = [](int n, double min, double max, int keepMin) { // min, max, step
-        Values v{min, max, -1};
-        return NiceAxis(n, v[0], v[1], v[2], keepMin), v;
-    };
+    const auto parts = [](double span) { Values v(4, -1.0); // count, step of NiceDivisions, then of ...Positive
+        return v[0] = NiceDivisions(span, v[1]), v[2] = NiceDivisionsPositive(span, v[3]), v; };
+    const auto axis = [](int n, double lo, double hi) { Values v{lo, hi, -1}; return NiceAxis(n, v[0], v[1], v[2], 0), v; };
     EXPECT_TABLE(0,
-        // 0.1 has the mantissa 10; 0 is 10^-infinity.
-        E(DecadeUnit(9.99), 1), E(DecadeUnit(1000), 1000), E(DecadeUnit(0.5), 0.1), E(DecadeUnit(0.1), 0.01),
-        E(DecadeUnit(1e-300), 1e-301), E(DecadeUnit(0), 0), E(DecadeUnit(-1), kNaN), E(DecadeUnit(kNaN), kNaN),
-        // Strictly above the mantissa; negatives first move one unit toward zero (-2: nothing is below 1, so 0.1).
-        E(NiceCeil(0.37), 0.4), E(NiceCeil(10), 15), E(NiceCeil(9.5), 10), E(NiceCeil(0.1), 0.1), E(NiceCeil(0), 0),
-        E(NiceCeil(-3.7), -2.5), E(NiceCeil(-2), -0.1), E(NiceCeil(-10), -1), E(NiceCeil(kNaN), kNaN),
-        E(NiceCeil(-kInf), -kInf), E(NiceFloor(3.7), 3.5), E(NiceFloor(10), 5), E(NiceFloor(0.05), 0.045),
-        E(NiceFloor(0.1), 0.09), E(NiceFloor(-3.7), -4), E(NiceFloor(-1), -1.5), E(NiceFloor(-0.1), -0.1),
-        E(NiceFloor(0), 0), E(NiceStep(0.3), 0.5), E(NiceStep(7), 10), E(NiceStep(10), 20), E(NiceStep(0.1), 0.1),
-        E(NiceStep(-1), kNaN), E(NiceStep(kInf), kInf),
-        // Mantissas up to 1.5 drop to a tenth of the unit.
-        E(NiceTickStep(1.2), 0.1), E(NiceTickStep(1.5), 0.1), E(NiceTickStep(1.6), 1.5), E(NiceTickStep(6), 5),
-        E(NiceTickStep(0.1), 0.05), E(NiceTickStep(0), 0), E(NiceTickStep(-1), kNaN),
+        // 0.1 has the mantissa 10; 0 is 10^-infinity. Nice numbers strictly above (below) the mantissa; negatives
+        // first move one unit toward zero (-2: nothing is below 1). Mantissas up to 1.5 tick a tenth of the unit.
+        E(DecadeUnit(1000), 1000), E(DecadeUnit(0.1), 0.01), E(DecadeUnit(0), 0), E(DecadeUnit(-1), kNaN),
+        E(NiceCeil(10), 15), E(NiceCeil(0.1), 0.1), E(NiceCeil(-3.7), -2.5), E(NiceCeil(-2), -0.1), E(NiceFloor(10), 5),
+        E(NiceFloor(0.1), 0.09), E(NiceFloor(-1), -1.5), E(NiceFloor(-0.1), -0.1), E(NiceStep(7), 10), E(NiceStep(10), 20),
+        E(NiceStep(kInf), kInf), E(NiceTickStep(1.5), 0.1), E(NiceTickStep(1.6), 1.5), E(NiceTickStep(0.1), 0.05),
         // Step, min, max; a span of 1 gets the exponent -1 and the mantissa 10.
         E(range(0, 1), 0.1, 0, 1), E(range(3, 47), 5, 0, 50), E(range(-47, -3), 5, -50, 0), E(range(5, 5), 0, 0, 0),
-        E(range(7, -3), kNaN, kNaN, kNaN), E(range(kNaN, 1), kNaN, kNaN, kNaN),
-        // 7.5: RoundToInt(4.75), trunc(8) + 1; 25: 2 * 2.5 + 1, 2 * trunc(3) + 1; 0.1: mantissa 10, whole units.
-        E(parts(10), 5, 2, 5, 2), E(parts(3.5), 8, 0.5, 9, 0.5), E(parts(4), 2, 2, 4, 1),
-        E(parts(7.5), 5, 2, 9, 1), E(parts(25), 6, 5, 7, 5), E(parts(0.1), 10, 0.01, 10, 0.01),
-        E(parts(-25), 6, -5, INT_MIN, kNaN), E(parts(0), 0, 0, INT_MIN, 0),
-        E(parts(kNaN), 0, kNaN, INT_MIN, kNaN), E(parts(kInf), 0, kInf, INT_MIN, kInf),
-        E(LogAxisPosition(1, 100, 1), 1), E(LogAxisPosition(1, 100, 10), 50.5), E(LogAxisPosition(1, 100, 100), 100),
-        E(LogAxisPosition(1, 100, 0), 0), E(LogAxisPosition(1, 100, -1), kNaN), E(LogAxisPosition(5, 5, 3), kNaN),
-        // Grid points not above, not below; downward (upward 0) swaps the modes; a NaN value's count is
-        // RoundToInt's 0 or the truncation's INT_MIN.
-        E(RoundToStep(0, 7, 5, 1, 0), 5), E(RoundToStep(0, 7, 5, 1, 1), 10), E(RoundToStep(0, -7, 5, 1, 0), -10),
-        E(RoundToStep(0, -7, 5, 1, 1), -5), E(RoundToStep(0, 7, 5, 0, 0), 10), E(RoundToStep(0, 7, 5, 0, 1), 5),
-        E(RoundToStep(0, 10, 5, 1, 0), 10), E(RoundToStep(2, 8, -5, 1, 1), 12), E(RoundToStep(3, 7, 0, 1, 0), 3),
-        E(RoundToStep(1, kNaN, 5, 1, 1), 1), E(RoundToStep(1, kNaN, 5, 1, 0), 1 + INT_MIN * 5.0),
-        E(RoundToStepFromZero(-7, 5, 1, 0), -10), E(SignedTrunc(-2.7, 0), -2), E(SignedTrunc(-2.5, 0.5), -3),
-        E(SignedTrunc(2.4, -0.5), 2), E(SignedTrunc(2147483647.9, 0), INT_MAX), E(SignedTrunc(-3e9, 0), INT_MIN),
-        E(SignedTrunc(kNaN, 0), INT_MIN), E(SignedTrunc(kInf, 0), INT_MIN),
+        // 3.5: 2 * 3.5 + 1, 2 * trunc(4) + 1; 7.5: RoundToInt(4.75), trunc(8) + 1; 0.1: mantissa 10, whole units.
+        E(range(7, -3), kNaN, kNaN, kNaN), E(parts(10), 5, 2, 5, 2), E(parts(3.5), 8, 0.5, 9, 0.5), E(parts(4), 2, 2, 4, 1),
+        E(parts(7.5), 5, 2, 9, 1), E(parts(0.1), 10, 0.01, 10, 0.01), E(parts(-25), 6, -5, INT_MIN, kNaN),
+        E(parts(0), 0, 0, INT_MIN, 0), E(LogAxisPosition(1, 100, 10), 50.5), E(LogAxisPosition(1, 100, 0), 0),
+        // Grid points not above, not below; downward (upward 0) swaps the modes; a NaN value's count is INT_MIN.
+        E(LogAxisPosition(5, 5, 3), kNaN), E(RoundToStep(0, 7, 5, 1, 0), 5), E(RoundToStep(0, 7, 5, 1, 1), 10),
+        E(RoundToStep(0, -7, 5, 1, 0), -10), E(RoundToStep(0, -7, 5, 1, 1), -5), E(RoundToStep(0, 7, 5, 0, 1), 5),
+        E(RoundToStep(2, 8, -5, 1, 1), 12), E(RoundToStep(3, 7, 0, 1, 0), 3), E(RoundToStepFromZero(-7, 5, 1, 0), -10),
+        E(RoundToStep(1, kNaN, 5, 1, 0), 1 + INT_MIN * 5.0), E(SignedTrunc(-2.5, 0.5), -3), E(SignedTrunc(2.4, -0.5), 2),
         // -1.005 is -1.00499999...; a huge precision prints the exact text.
-        E(RoundToDigits(2.345678, 3), 2.35), E(RoundToDigits(-1.005, 3), -1), E(RoundToDigits(2.345678, 0), 2.345678),
-        E(RoundToDigits(0.1, INT_MAX), 0.1), E(RoundToDigits(-1e308, 2000), -1e308), E(RoundToDigits(kNaN, 3), kNaN),
-        // NiceAxis: min, max, step; -6 lies on a step.
-        E(axis(5, 0, 10, 0), 0, 12.5, 2.5), E(axis(5, 0.3, 10, 1), 0.3, 10.3, 2), E(axis(4, -6, 5, 0), -6, 6, 3),
-        E(axis(4, 2.9, 10, 0), 0, 16, 4),        // 2..10 does not pass 10: second pass, step 4
-        E(axis(3, 5000, 5001, 0), 0, 1800, 600), // min beyond 1000 steps: 0, then (6000 - 4500) / 3
-        E(axis(1, 998.5, 999.45, 0), 900, 1050, 150), // stops at the last k counted, 999; then (1000 - 900) / 1
-        E(axis(0, 0, 10, 0), kNaN, kNaN, kInf), E(axis(5, kNaN, 10, 0), 0, kNaN, kNaN),
+        E(SignedTrunc(-3e9, 0), INT_MIN), E(SignedTrunc(kNaN, 0), INT_MIN), E(RoundToDigits(-1.005, 3), -1),
+        E(RoundToDigits(-1e308, 2000), -1e308),
+        // NiceAxis: min, max, step. 2.9..10: 2..10 does not pass 10: second pass, step 4. 5000..5001: min beyond 1000
+        // steps: 0, then (6000 - 4500) / 3. 998.5..999.45: stops at the last k counted, 999; then (1000 - 900) / 1.
+        E(axis(5, 0, 10), 0, 12.5, 2.5), E(axis(4, 2.9, 10), 0, 16, 4), E(axis(3, 5000, 5001), 0, 1800, 600),
+        E(axis(1, 998.5, 999.45), 900, 1050, 150), E(axis(0, 0, 10), kNaN, kNaN, kInf),
         // The longest count: a second-pass step of 0 (nice numbers of denormals underflow) with min < 0 runs
         // through all 2^32 counter values, for seconds; the direct form returns at once.
-        E(axis(1, -2 * 4.9e-324, 4.9e-324, 0), 0, 0, 0));
+        E(axis(5, kNaN, 10), 0, kNaN, kNaN), E(axis(1, -2 * 4.9e-324, 4.9e-324), 0, 0, 0));
 
     // Direct against counting forms (1e-15 tells k steps from k + 1 even at 2^31 steps), by i % 3: zero span,
     // tiny span, any limits; magnitudes 1e-12 to 1e12; n from -2 to 30, 500 to 3000 and a few huge n; coarse for odd
@@ -123,10 +100,10 @@ TEST(AxisScalingAndStepRounding, TablesAndTheCountingRule)
         const double scale = std::pow(10.0, exponent(random)), a = unit(random) * scale, b = unit(random) * scale;
         const double min = a, max = i % 3 == 0 ? a : i % 3 == 1 ? a + std::fabs(a) * 1e-13 * b / scale : b;
         const int n = i % 16 == 3 ? INT_MAX - i : i % 4 == 1 ? 500 + i % 2500 : divisions(random);
-        double eMin = min, eMax = max, eStep = 0, gMin = min, gMax = max, gStep = 0;
-        secondPasses += LiteralAxis(n, eMin, eMax, eStep, i % 7 == 0, i % 2);
-        (i % 2 ? NiceAxisCoarse : NiceAxis)(n, gMin, gMax, gStep, i % 7 == 0);
-        ASSERT_TRUE(Same("", "", {Entry{{gMin, gMax, gStep}, {eMin, eMax, eStep}, "direct form"}}, 0))
+        Values e{min, max, 0}, g = e; // counted, direct: min, max, step
+        secondPasses += LiteralAxis(n, e[0], e[1], e[2], i % 7 == 0, i % 2);
+        (i % 2 ? NiceAxisCoarse : NiceAxis)(n, g[0], g[1], g[2], i % 7 == 0);
+        ASSERT_TRUE(Same("", "", {Entry{g, e, "direct form"}}, 0))
             << "sample " << i << ": n " << n << ", min " << min << ", max " << max;
     }
     EXPECT_GT(secondPasses, samples / 10) << "the sample must exercise the second pass";
@@ -134,27 +111,20 @@ TEST(AxisScalingAndStepRounding, TablesAndTheCountingRule)
 
 TEST(GeodesyFittingAndPlaneGeometry, WorkedExamplesAndBoundaries)
 {
-    const double lon0 = 139 * 60.0, lat0 = 35 * 60.0; // arc minutes
+    // Arc minutes (139 and 35 degrees); on the equator a and (1 - e^2) a per radian; index 0 keeps its fixed e^2
+    // 0.00669447.
+    const double lon0 = 8340, lat0 = 2100, f = 1 / 298.257222101, a0 = 6378136 * kPi / 10800, a4 = 6378137 * kPi / 10800;
     const auto arcs = [](double lat, int i) { Values v(2, -1.0); ArcLengthsPerMinute(lat, v[0], v[1], i); return v; };
-    const auto trip = [&](double dx, double dy, double angle, unsigned index) { // there and back: dx, dy, lon, lat
-        Values v(4, -1.0);
-        OffsetToLatLon(dx, dy, lon0, lat0, v[2], v[3], angle, index);
-        return LatLonToOffset(lon0, lat0, v[2], v[3], v[0], v[1], angle, index), v;
-    };
+    const auto trip = [&](double dx, double dy, double angle, unsigned i) { // there and back: dx, dy, lon, lat
+        Values v(4, -1.0); OffsetToLatLon(dx, dy, lon0, lat0, v[2], v[3], angle, i);
+        return LatLonToOffset(lon0, lat0, v[2], v[3], v[0], v[1], angle, i), v; };
     const auto distance = [](Values lon1, Values lat1, Values lon2, Values lat2, unsigned index = 4) {
-        return GeodesicDistance(lon1.data(), lat1.data(), lon2.data(), lat2.data(), index);
-    };
-    // On the equator a and (1 - e^2) a per radian; index 0 keeps its fixed e^2 0.00669447.
-    const double f = 1 / 298.257222101, a0 = 6378136.0 * kPi / 10800, a4 = 6378137.0 * kPi / 10800;
+        return GeodesicDistance(lon1.data(), lat1.data(), lon2.data(), lat2.data(), index); };
     const auto line = [](Values xs, Values ys) { Values v{-1, -1, -1}; v[0] = FitLine(xs, ys, v[1], v[2]); return v; };
-    const auto box = [](const RECT& r) { return Values{1.0 * r.left, 1.0 * r.top, 1.0 * r.right, 1.0 * r.bottom}; };
     const auto rotate = [](double x, double y, double a) { Values v(2); RotatePoint(x, y, v[0], v[1], a); return v; };
-    const auto ray = [](double x0, double y0, double theta, double ax, double ay, double bx, double by) {
-        Values v{7, 42, 42}; // flag, point
-        int flag = 7;
-        RaySegmentIntersection(x0, y0, theta, ax, ay, bx, by, v[1], v[2], flag);
-        return v[0] = flag, v;
-    };
+    const auto ray = [](double x0, double y0, double theta, double ax, double ay, double bx, double by) { // flag, point
+        Values v{7, 42, 42}; int flag = 7;
+        return RaySegmentIntersection(x0, y0, theta, ax, ay, bx, by, v[1], v[2], flag), v[0] = flag, v; };
     const RECT wide = {0, 0, 100, 50}, tall = {10, 20, 110, 220}, huge = {INT_MIN, INT_MIN, INT_MAX, INT_MAX};
     const Values xs = {0, 2, 0}, ys = {0, 0, 2};
     // Within 1e-6 (metres, arc minutes, degrees, pixels): far above the rounding of sin, cos and the arc lengths.
@@ -163,52 +133,38 @@ TEST(GeodesyFittingAndPlaneGeometry, WorkedExamplesAndBoundaries)
         E(trip(0, arcs(lat0, 4)[1], 270, 4), 0, arcs(lat0, 4)[1], lon0, lat0 + 1), // a minute north
         // Back at 270 and 90; elsewhere turned by 2 * (angle - 270).
         E(trip(3000, -4000, 270, 4), 3000, -4000), E(trip(3000, -4000, 90, 4), 3000, -4000),
-        E(trip(3000, -4000, 0, 4), -3000, 4000), E(trip(3000, -4000, 270, 6), 0, 0, 0, 0),
         E(trip(3000, -4000, 300, 4), 1500 + 4000 * std::sqrt(0.75), 3000 * std::sqrt(0.75) - 2000),
         // References on GRS80 (index 4) from the exact geodesic integrals (auxiliary sphere, distance and longitude
         // integrals by quadrature at 40 digits, azimuth by Newton's method), agreeing with Vincenty's inverse formula
         // to 1e-6 m. Hubeny's error grows with the cube of the distance and with latitude: about 1 mm at 10 km (here
-        // +0.93, +1.02 along a parallel, +0.60 south-west; tolerance 2 mm), under a metre at 100 km up to about 35
-        // degrees (here +0.94 m, +0.51 m along a parallel, +2.9 mm along a meridian; tolerance 1 m).
+        // +0.93, +0.60 south-west; tolerance 2 mm), under a metre at 100 km up to about 35 degrees (here +0.94 m,
+        // +2.9 mm along a meridian; tolerance 1 m).
         WITHIN(0.002, distance({139, 45, 0}, {35, 40, 0}, {139, 50, 0}, {35, 44, 0}), 10563.88880542455),
-        WITHIN(0.002, distance({10, 0, 0}, {45, 0, 0}, {10, 7, 36}, {45, 0, 0}), 9987.264761737094),
         WITHIN(0.002, distance({-58, -22, 0}, {-34, -36, 0}, {-58, -26, 0}, {-34, -32, 0}), 9597.962857402278),
         WITHIN(1.0, distance({139, 0, 0}, {35, 0, 0}, {140, 0, 0}, {35, 30, 0}), 106582.1839670253),
-        WITHIN(1.0, distance({135, 0, 0}, {35, 0, 0}, {136, 6, 0}, {35, 0, 0}), 100416.4792366689),
         WITHIN(1.0, distance({2, 20, 0}, {48, 50, 0}, {2, 20, 0}, {49, 44, 0}), 100093.6985027545),
-        E(distance({139, 45, 0}, {35, 40, 0}, {139, 50, 0}, {35, 44, 0}, 6), 0),
+        E(trip(3000, -4000, 270, 6), 0, 0, 0, 0), E(distance({0, 0, 0}, {0, 0, 0}, {1, 0, 0}, {1, 0, 0}, 6), 0),
         E(GeodesicDistance(nullptr, xs.data(), xs.data(), ys.data(), 4), 0),
-        // FitLine's result, slope, intercept.
-        E(line({0, 1, 2}, {1, 3, 5}), 0, 2, 1), E(line({1, 2, 3, 4}, {2.1, 3.9, 6.2, 7.8}), 0, 1.94, 0.15),
-        E(line({0, 1}, {1, 3, 5}), 0, 0, 0), E(line({}, {}), 0, 0, 0), E(line({2, 2, 2}, {1, 3, 5}), 0, 0, 0),
-        E(line({0, 1, kNaN}, {1, 3, 5}), 0, kNaN, kNaN),
-        E(box(FitSizeToBox(4, 3, 800, 800)), 0, 0, 800, 600), E(box(FitSizeToBox(3, 4, 800, 800)), 0, 0, 600, 800),
-        E(box(FitSizeToBox(16, 9, 1000, 1000)), 0, 0, 1000, 562), E(box(FitSizeToBox(4, 0, 8.9, 6)), 0, 0, 8, 6),
-        E(box(FitSizeToBox(4, 3, 800, kNaN)), 0, 0, INT_MIN, INT_MIN),
-        // A flat shape gives the box; a reversed box is not normalised; sizes wrap to -1.
-        E(box(FitRectToRect(wide, tall)), 10, 20, 110, 70), E(box(FitRectToRect({0, 5, 1, 5}, tall)), 10, 20, 110, 220),
-        E(box(FitRectToRect({0, 0, 1, 1}, {0, 0, 300, 200})), 0, 0, 200, 200),
-        E(box(FitRectToRect(wide, {110, 220, 10, 20})), 110, 220, 10, 170),
-        E(box(FitRectToRect({0, 0, 1, 1}, huge)), INT_MIN, INT_MIN, INT_MAX, INT_MAX),
-        E(rotate(1, 2, 90), -2, 1),
+        // FitLine's result, slope, intercept; a flat shape gives the box; a reversed box is not normalised; sizes
+        // wrap to -1.
+        E(line({1, 2, 3, 4}, {2.1, 3.9, 6.2, 7.8}), 0, 1.94, 0.15), E(FitSizeToBox(3, 4, 800, 800), 0, 0, 600, 800),
+        E(line({0, 1}, {1, 3, 5}), 0, 0, 0), E(FitSizeToBox(16, 9, 1000, 1000), 0, 0, 1000, 562),
+        E(line({2, 2, 2}, {1, 3, 5}), 0, 0, 0), E(FitRectToRect({0, 0, 1, 1}, huge), INT_MIN, INT_MIN, INT_MAX, INT_MAX),
+        E(FitSizeToBox(4, 0, 8.9, 6), 0, 0, 8, 6), E(FitRectToRect(wide, {110, 220, 10, 20}), 110, 220, 10, 170),
+        E(FitRectToRect(wide, tall), 10, 20, 110, 70), E(FitRectToRect({0, 5, 1, 5}, tall), 10, 20, 110, 220),
         // Where the vector comes from, clockwise from north; on the y axis where it points to (intended).
-        E(DirectionAngle(1, 0), 270), E(DirectionAngle(-1, 0), 90), E(DirectionAngle(1, 1), 225),
-        E(DirectionAngle(-1, -1), 45), E(DirectionAngle(1e-4, 1), 180 + 180e-4 / kPi), E(DirectionAngle(0, 5), 0),
-        E(DirectionAngle(0, -5), 180), E(DirectionAngle(0, kNaN), 0), E(DirectionAngle(kNaN, 1), kNaN),
+        E(DirectionAngle(1, 0), 270), E(DirectionAngle(-1, -1), 45), E(DirectionAngle(0, 5), 0), E(DirectionAngle(0, -5), 180),
         // Radius 10 about (0, 0). An end below start is taken 360 higher; start 800 is taken as 80 with the end 1100
         // modulo 2 * 360 (380); (0.87, -4.92) and (1.71, 4.70) lie in the directions 350 and 200.
         E(PointInSector(0, 0, 10, 90, 180, -5, 0, 1), 1), E(PointInSector(0, 0, 10, 90, 180, -5, 0, 0), 0),
-        E(PointInSector(0, 0, 10, 90, 180, -5, 5, 0), 1), E(PointInSector(0, 0, 10, 90, 180, 0, 20, 1), 0),
-        E(PointInSector(0, 0, 10, 90, 180, -10, 0, 0), 0), E(PointInSector(0, 0, 10, 90, 180, 0, 0, 1), 1),
-        E(PointInSector(0, 0, 10, 90, 180, 0, 0, 0), 0), E(PointInSector(0, 0, 10, 300, 30, 0.87, -4.92, 1), 1),
-        E(PointInSector(0, 0, 10, 800, 1100, 1.71, 4.70, 1), 1), E(PointInSector(0, 0, 10, kNaN, 180, -5, 0, 1), 0),
-        // Ties go to the first; NaN distances are passed over.
-        E(NearestPoint(1, 1, xs, ys), 0), E(NearestPoint(0.1, 3, xs, ys), 2), E(NearestPoint(1, 1, xs, {0, 0}), -1),
-        E(NearestPoint(1, 1, {}, {}), -1), E(NearestPoint(0, 0, {kNaN, 3}, {0, 0}), 1),
-        // Flag 0: on the segment and ahead; 1: behind or off it; -1: parallel, the point untouched.
-        E(ray(0, 0, 0, 2, -1, 2, 1), 0, 2, 0), E(ray(0, 0, 0, -2, -1, -2, 1), 1, -2, 0),
-        E(ray(1, 1, kPi / 2, 0, 3, 2, 3), 0, 1, 3), E(ray(0, 0, 0, 1, 1, 3, 1), -1, 42, 42),
-        E(ray(0, 0, 0, 2, 1, 2, 3), 1, 2, 0), E(ray(0, 0, kNaN, 2, -1, 2, 1), 1, kNaN, kNaN));
+        E(PointInSector(0, 0, 10, 90, 180, 0, 20, 1), 0), E(PointInSector(0, 0, 10, 90, 180, 0, 0, 1), 1),
+        E(PointInSector(0, 0, 10, 300, 30, 0.87, -4.92, 1), 1), E(PointInSector(0, 0, 10, 800, 1100, 1.71, 4.70, 1), 1),
+        // Ties go to the first; NaN distances are passed over. Ray flag 0: on the segment and ahead; 1: behind or
+        // off it; -1: parallel, the point untouched.
+        E(NearestPoint(1, 1, xs, ys), 0), E(NearestPoint(1, 1, xs, {0, 0}), -1), E(NearestPoint(1, 1, {}, {}), -1),
+        E(NearestPoint(0, 0, {kNaN, 3}, {0, 0}), 1), E(ray(0, 0, 0, 2, -1, 2, 1), 0, 2, 0), E(rotate(1, 2, 90), -2, 1),
+        E(ray(0, 0, 0, -2, -1, -2, 1), 1, -2, 0), E(ray(1, 1, kPi / 2, 0, 3, 2, 3), 0, 1, 3),
+        E(ray(0, 0, 0, 1, 1, 3, 1), -1, 42, 42), E(ray(0, 0, 0, 2, 1, 2, 3), 1, 2, 0));
 }
 
 } // namespace

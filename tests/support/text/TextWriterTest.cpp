@@ -1,0 +1,155 @@
+// The namelist writer, CStdioFile and the log writer, checked through the bytes of the files they write.
+#include "support/text/LogWriter.h"
+#include "support/text/Namelist.h"
+
+#include <direct.h>
+
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <ctime>
+#include <filesystem>
+#include <fstream>
+#include <regex>
+#include <sstream>
+#include <string>
+#include <vector>
+
+// An emptied directory, with a trailing backslash, named alike in every process (a death test's child finds it).
+static std::string ScratchDir(const char* name)
+{
+    const std::filesystem::path path = std::filesystem::temp_directory_path() / (std::string("text_tests_") + name);
+    std::filesystem::remove_all(path);
+    std::filesystem::create_directories(path);
+    return path.string() + "\\";
+}
+
+static std::string ReadBytes(const std::string& path)
+{
+    std::ostringstream bytes;
+    bytes << std::ifstream(path, std::ios::binary).rdbuf();
+    return bytes.str();
+}
+
+// Every writer and comment form in one file, compared byte for byte.
+TEST(Namelist, GoldenFile)
+{
+    const std::string path = ScratchDir("namelist") + "input.nml";
+    CStdioFile f;
+    ASSERT_TRUE(f.Open(path.c_str(), CFile::modeCreate | CFile::modeWrite | CFile::typeText)) << path;
+    WriteNamelistComment(f, "  !as is ");
+    WriteNamelistComment(f, nullptr);
+    WriteNamelistGroup(f, "INPUT", "   ");
+    WriteNamelistString(f, "TITLE", "  beam 2 ", "  !! note ", 1);   // quoted, then trimmed
+    WriteNamelistString(f, "Q", "", "!", 1);
+    WriteNamelistString(f, "MODE", " \t\r\n", "lost", 0);             // blank values left out
+    WriteNamelistString(f, "MODE", " fast ", "! ! a!", 0);
+    WriteNamelistBool(f, "FLAG", true, "");
+    WriteNamelistBool(f, "DEBUG", false, "off");
+    WriteNamelistInt(f, "N", -2147483647 - 1, "");
+    for (double value : {-0.0, 9.99999996})
+        WriteNamelistDouble(f, "DT", value, "");
+    WriteNamelistBlankLine(f);
+    WriteNamelistArray(f, "E", {}, "none", 3, 0);
+    WriteNamelistArray(f, "ONE", {"1"}, "", 3, 0);
+    WriteNamelistArray(f, "XP", {"1", "2", "3"}, "nodes", 3, 0);
+    WriteNamelistArray(f, "XP", {"1", "2", "3", "4"}, "!c", 3, 0);
+    WriteNamelistArray(f, "V", {"1", "2", "3", "4", "5", "6"}, "", 0, 0);   // below 1 means 5
+    WriteNamelistArray(f, "LONG", {"1", "2", "3"}, "one", 1, 0);
+    WriteNamelistArray(f, "NAMES", {"a", " b", "", "it's", "x\ny"}, "", 2, 1);   // quotes not escaped
+    WriteNamelistEnd(f);
+    WriteNamelistGroup(f, "OUTPUT", "run 1");
+    WriteNamelistEnd(f);
+    f.Close();
+    EXPECT_EQ(ReadBytes(path),
+              "!  !as is \r\n!\r\n&INPUT\r\nTITLE = '  beam 2 ',\t! note\r\nQ = '',\r\nMODE = fast,\t! ! a!\r\n"
+              "FLAG = .true.,\r\nDEBUG = .false.,\t! off\r\nN = -2147483648,\r\nDT = 0.0,\r\nDT = 10.0,\r\n\r\n"
+              "ONE = 1,\r\nXP = 1, 2, 3,\t! nodes\r\nXP = 1, 2, 3,\t! c\r\n     4,\t! c\r\nV = 1, 2, 3, 4, 5,\r\n    6,\r\n"
+              "LONG = 1,\t! one\r\n 2,\t! one\r\n 3,\t! one\r\nNAMES = 'a', ' b',\r\n        '', 'it's',\r\n        'x\r\ny',\r\n"
+              "/\r\n&OUTPUT\t! run 1\r\n/\r\n");
+}
+
+// Text mode writes CR LF and reads "\n" back; write errors throw CFileException* as MFC does.
+TEST(StdioFile, TextRoundTripAndWriteErrors)
+{
+    const std::string path = ScratchDir("stdio") + "lines.txt";
+    CStdioFile out, in, full;
+    ASSERT_TRUE(out.Open(path.c_str(), CFile::modeCreate | CFile::modeWrite | CFile::typeText)) << path;
+    for (const char* text : {"a\n\n", static_cast<const char*>(nullptr), "last"})
+        out.WriteString(text);
+    out.Close();
+    EXPECT_EQ(ReadBytes(path), "a\r\n\r\nlast");
+    ASSERT_TRUE(in.Open(path.c_str(), CFile::modeRead | CFile::typeText)) << path;
+    std::vector<std::string> lines;
+    for (CString line; in.ReadString(line);)
+        lines.push_back(line.str());
+    EXPECT_EQ(lines, (std::vector<std::string>{"a", "", "last"}));
+
+    auto causeOf = [](auto body) {
+        try { body(); } catch (CFileException* e) { const int cause = e->m_cause; e->Delete(); return cause; }
+        return -1;
+    };
+    EXPECT_NE(causeOf([&] { in.WriteString("x\n"); in.Close(); }), -1) << "writing to a file opened for reading";
+    in.Abort();
+    if (!full.Open("Z:\\dev\\full", CFile::modeWrite | CFile::shareDenyNone))
+        GTEST_SKIP() << "no Z:\\dev\\full here";
+    full.WriteString("short\n");
+    EXPECT_EQ(causeOf([&] { full.Close(); }), CFileException::diskFull) << "buffered text failing at Close";
+    ASSERT_TRUE(full.Open("Z:\\dev\\full", CFile::modeWrite | CFile::shareDenyNone));
+    EXPECT_EQ(causeOf([&] { full.WriteString(std::string(65536, 'x').c_str()); }), CFileException::diskFull)
+        << "64 KiB failing in WriteString";
+    full.Abort();
+}
+
+static const std::string kStamp = "(\\d\\d/\\d\\d/\\d\\d \\d\\d\\.\\d\\d\\.\\d\\d:)";
+
+// The child process of the death test writes its process's first messages: a name set first is never cleared,
+// the default log is.
+TEST(LogWriter, MessagesStampsStopAndBadInput)
+{
+    const std::string dir = ScratchDir("log"), path = dir + "test.log";
+    std::ofstream(dir + "_DEFAULT.LOG") << "earlier run\n";
+    EXPECT_EXIT({
+        _chdir(dir.c_str());
+        std::fputs("unflushed\n", std::fopen("stream.txt", "w"));   // the stop must close this stream
+        LogWrite("RUN", 1, "first\n");
+        LogWrite(nullptr, 0, "S:fatal %d\n", 7);
+    }, testing::ExitedWithCode(1), "") << "exit status after \"S:\"";
+    EXPECT_TRUE(std::regex_match(ReadBytes(dir + "_DEFAULT.LOG"), std::regex("RUN\\(1\\):first\r\n" + kStamp + "S:fatal 7\r\n")))
+        << ::testing::PrintToString(ReadBytes(dir + "_DEFAULT.LOG"));
+    EXPECT_EQ(ReadBytes(dir + "stream.txt"), "unflushed\r\n");
+
+    std::ofstream(path) << "kept\n";
+    SetLogFileName(path.c_str());   // a name set first is never cleared
+    const char* noFormat = nullptr;
+    const std::vector<int> counts = {LogWrite(nullptr, 0, "plain\n"), LogWrite("", 5, "x\n"), LogWrite("A", -1, "x\n"),
+        LogWrite("A", 0, "x\n"), LogWrite("SRC", 7, "v=%d %s\n", 3, "ok"), LogWrite(nullptr, 0, "s:lower\n"),
+        LogWrite("Q", 1, noFormat)};
+    EXPECT_EQ(counts, (std::vector<int>{6, 6, 4, 4, 14, 8, 5}));
+    EXPECT_EQ(ReadBytes(path), "kept\r\nplain\r\n(5):x\r\nA:x\r\nA:x\r\nSRC(7):v=3 ok\r\ns:lower\r\nQ(1):");
+    EXPECT_EQ((std::vector<int>{DeleteLogFile(), DeleteLogFile()}), (std::vector<int>{0, -1})) << "then a missing log";
+
+    // The stamps lie between the clock's readings before and after (the layout sorts in time order).
+    const auto stampAt = [](std::time_t when) {
+        char text[32];
+        return std::string(text, std::strftime(text, sizeof(text), "%y/%m/%d %H.%M.%S:", std::localtime(&when)));
+    };
+    const std::string before = stampAt(std::time(nullptr));
+    const std::vector<int> stamped = {LogWrite("SOLVER", 12, "E: no convergence after %d steps\n", 50),
+        LogPrintf("S:not a stop %s\n", "here"), LogPrintf(noFormat)};
+    const std::string after = stampAt(std::time(nullptr)), log = ReadBytes(path);
+    EXPECT_EQ(stamped, (std::vector<int>{11 + 18 + 33, 18 + 18, 18}));
+    std::smatch match;
+    ASSERT_TRUE(std::regex_match(log, match, std::regex("SOLVER\\(12\\):" + kStamp
+        + "E: no convergence after 50 steps\r\n" + kStamp + "S:not a stop here\r\n" + kStamp))) << ::testing::PrintToString(log);
+    for (size_t i = 1; i < match.size(); ++i)
+        EXPECT_TRUE(before <= match.str(i) && match.str(i) <= after)
+            << "stamp " << match.str(i) << ", clock " << before << " to " << after;
+
+    // Set to nullptr, 1000 and 1001 characters: too long empties the store, and messages are dropped.
+    const std::string longest(1000, 'n'), tooLong(1001, 'n');
+    const auto nameAfter = [](const char* path) { SetLogFileName(path); return std::string(GetLogFileName()); };
+    EXPECT_EQ((std::vector<std::string>{nameAfter(nullptr), nameAfter(longest.c_str()), nameAfter(tooLong.c_str())}),
+              (std::vector<std::string>{"", longest, ""}));
+    EXPECT_EQ(LogWrite("A", 1, "dropped\n") + LogPrintf("dropped\n"), 0) << "counts without a file name";
+}
