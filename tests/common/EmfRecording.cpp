@@ -1,11 +1,6 @@
 #include "common/EmfRecording.h"
 
 #include <cstdio>
-#include <iterator>
-
-EmfRecorder::EmfRecorder() { m_dc.Attach(::CreateEnhMetaFileA(nullptr, nullptr, nullptr, nullptr)); }
-
-EmfRecorder::~EmfRecorder() { Finish(); }
 
 std::vector<EmfRecord> EmfRecorder::Finish()
 {
@@ -25,15 +20,23 @@ std::vector<EmfRecord> EmfRecorder::Finish()
 
 namespace {
 
-#define NAME(t) {EMR_##t, #t}
-const std::pair<DWORD, const char*> kNames[] = {
-    NAME(SETVIEWPORTORGEX), NAME(SETBKCOLOR), NAME(SETTEXTCOLOR), NAME(SETBKMODE), NAME(SETTEXTALIGN),
-    NAME(SELECTOBJECT), NAME(DELETEOBJECT), NAME(CREATEPEN), NAME(CREATEBRUSHINDIRECT), NAME(EXTCREATEFONTINDIRECTW),
+// The types the tests meet, with the format of the values at the byte offsets
+// given (none: every value after the size); point lists under their 32-bit
+// and 16-bit types.
+struct Kind { DWORD type; const char* name; const char* format = nullptr; BYTE at[5] = {}; };
+#define NAME(t, ...) {EMR_##t, #t, __VA_ARGS__}
+#define NAMES(t) {EMR_##t, #t}, {EMR_##t##16, #t}
+const Kind kKinds[] = {
+    NAME(SETVIEWPORTORGEX), NAME(SETBKCOLOR), NAME(SETTEXTCOLOR, " 0x%06lx", {8}), NAME(SETBKMODE),
+    NAME(SETTEXTALIGN), NAME(SELECTOBJECT), NAME(DELETEOBJECT),
+    NAME(CREATEPEN, " %lu style %lu width %ld color 0x%06lx", {8, 12, 16, 24}),
+    NAME(CREATEBRUSHINDIRECT, " %lu style %lu color 0x%06lx hatch %lu", {8, 12, 16, 20}), NAME(EXTCREATEFONTINDIRECTW),
     // The ten above select, create or set state; those below draw.
     NAME(MOVETOEX), NAME(LINETO), NAME(RECTANGLE), NAME(ELLIPSE), NAME(ARC), NAME(ARCTO), NAME(PIE), NAME(ANGLEARC),
-    NAME(EXCLUDECLIPRECT), NAME(INTERSECTCLIPRECT), NAME(BITBLT), NAME(EXTTEXTOUTW), NAME(POLYBEZIER),
-    NAME(POLYGON), NAME(POLYLINE), NAME(POLYBEZIERTO), NAME(POLYLINETO), NAME(POLYPOLYLINE), NAME(POLYDRAW)};
-#undef NAME
+    NAME(EXCLUDECLIPRECT), NAME(INTERSECTCLIPRECT), NAME(BITBLT, " %ld %ld %ld %ld rop %lx", {24, 28, 32, 36, 40}),
+    NAME(EXTTEXTOUTW, " %ld %ld %ld %ld", {56, 60, 64, 68}),  // BitBlt's x y cx cy rop; the opaque box
+    NAMES(POLYBEZIER), NAMES(POLYGON), NAMES(POLYLINE), NAMES(POLYBEZIERTO), NAMES(POLYLINETO), NAMES(POLYPOLYLINE),
+    NAMES(POLYDRAW)};
 
 template <class... Args>
 std::string Printf(const char* format, Args... args)
@@ -43,95 +46,51 @@ std::string Printf(const char* format, Args... args)
     return text;
 }
 
-std::string Name(DWORD type)
-{
-    if (type >= EMR_POLYBEZIER16 && type <= EMR_POLYDRAW16)  // 16-bit point lists: as their 32-bit forms
-        type = type == EMR_POLYDRAW16 ? EMR_POLYDRAW : type - (EMR_POLYBEZIER16 - EMR_POLYBEZIER);
-    for (const auto& [value, name] : kNames)
-        if (value == type)
-            return name;
-    return "type " + std::to_string(type);
-}
-
 } // namespace
-
-std::vector<EmfRecord> RecordsOfType(const std::vector<EmfRecord>& records, DWORD type)
-{
-    std::vector<EmfRecord> matching;
-    std::copy_if(records.begin(), records.end(), std::back_inserter(matching), [&](auto& r) { return r.type == type; });
-    return matching;
-}
-
-std::string DumpRecordTypes(const std::vector<EmfRecord>& records)
-{
-    std::string text;
-    for (const EmfRecord& record : records)
-        text += (text.empty() ? "" : ", ") + Name(record.type);
-    return text;
-}
-
-// Point lists: bounds, [number of polylines,] number of points, [polyline
-// counts,] points as POINTL or (16-bit forms) POINTS, [PolyDraw's types].
-std::vector<POINT> RecordPoints(const EmfRecord& record)
-{
-    const bool poly = record.type == EMR_POLYPOLYLINE || record.type == EMR_POLYPOLYLINE16;
-    const bool small = record.type >= EMR_POLYBEZIER16 && record.type <= EMR_POLYDRAW16;
-    if (!small && record.type != EMR_POLYDRAW && (record.type < EMR_POLYBEZIER || record.type > EMR_POLYPOLYLINE))
-        return {};
-    const size_t first = poly ? 32 + 4 * record.As<DWORD>(24) : 28;
-    std::vector<POINT> points(record.As<DWORD>(poly ? 28 : 24));
-    for (size_t i = 0; i < points.size(); ++i)
-        points[i] = small ? POINT{record.As<SHORT>(first + 4 * i), record.As<SHORT>(first + 4 * i + 2)}
-                          : POINT{record.As<LONG>(first + 8 * i), record.As<LONG>(first + 8 * i + 4)};
-    return points;
-}
 
 std::string DescribeRecord(const EmfRecord& r)
 {
-    std::string text = Name(r.type);
+    const auto kind = std::find_if(std::begin(kKinds), std::end(kKinds), [&](auto& k) { return k.type == r.type; });
+    if (kind == std::end(kKinds))
+        return "type " + std::to_string(r.type);
+    const std::string text = kind->name;
     const DWORD object = r.As<DWORD>(8);
     const LOGFONTW font = r.As<EMREXTCREATEFONTINDIRECTW>().elfw.elfLogFont;
-    char face[LF_FACESIZE * 2] = {};
-    switch (r.type) {
-    case EMR_SETTEXTCOLOR: case EMR_SETBKCOLOR: return text + Printf(" 0x%06lx", object);
-    case EMR_SELECTOBJECT: case EMR_DELETEOBJECT:
+    if (kind->format)
+        return text + Printf(kind->format, r.As<LONG>(kind->at[0]), r.As<LONG>(kind->at[1]), r.As<LONG>(kind->at[2]),
+                             r.As<LONG>(kind->at[3]), r.As<LONG>(kind->at[4]));
+    if (r.type == EMR_SELECTOBJECT)
         return text + (object & 0x80000000u ? " stock " : " ") + std::to_string(object & 0x7fffffffu);
-    case EMR_CREATEPEN:
-        return text + Printf(" %lu style %lu width %ld color 0x%06lx", object, r.As<DWORD>(12), r.As<LONG>(16),
-                             r.As<DWORD>(24));
-    case EMR_CREATEBRUSHINDIRECT:
-        return text + Printf(" %lu style %lu color 0x%06lx hatch %lu", object, r.As<DWORD>(12), r.As<DWORD>(16),
-                             r.As<DWORD>(20));
-    case EMR_EXTCREATEFONTINDIRECTW:
-        ::WideCharToMultiByte(CP_ACP, 0, font.lfFaceName, -1, face, sizeof face, nullptr, nullptr);
+    if (r.type == EMR_EXTCREATEFONTINDIRECTW)
         return text + Printf(" %lu height %ld escapement %ld orientation %ld weight %ld italic %d charset %d "
-                             "precision %d clip %d face '%s'", object, font.lfHeight, font.lfEscapement,
+                             "precision %d clip %d face '%ls'", object, font.lfHeight, font.lfEscapement,
                              font.lfOrientation, font.lfWeight, font.lfItalic, font.lfCharSet, font.lfOutPrecision,
-                             font.lfClipPrecision, face);
-    case EMR_BITBLT:  // x y cx cy after the bounds, then the raster operation
-        return text + Printf(" %ld %ld %ld %ld rop %lx", r.As<LONG>(24), r.As<LONG>(28), r.As<LONG>(32),
-                             r.As<LONG>(36), r.As<DWORD>(40));
-    case EMR_ANGLEARC:  // centre, radius, start and sweep angles
+                             font.lfClipPrecision, font.lfFaceName);
+    if (r.type == EMR_ANGLEARC)  // centre, radius, start and sweep angles
         return text + Printf(" %ld %ld %lu %g %g", object, r.As<LONG>(12), r.As<DWORD>(16), r.As<FLOAT>(20),
                              r.As<FLOAT>(24));
-    case EMR_EXTTEXTOUTW:  // the opaque box
-        return text + Printf(" %ld %ld %ld %ld", r.As<LONG>(56), r.As<LONG>(60), r.As<LONG>(64), r.As<LONG>(68));
+    // Point lists: bounds, [number of polylines,] number of points, [polyline
+    // counts,] points as POINTL or (16-bit forms) POINTS, [PolyDraw's types].
+    const bool poly = r.type == EMR_POLYPOLYLINE || r.type == EMR_POLYPOLYLINE16, small = r.type >= EMR_POLYBEZIER16;
+    if (kind >= std::end(kKinds) - 14) {
+        const size_t first = poly ? 32 + 4 * r.As<DWORD>(24) : 28, count = r.As<DWORD>(poly ? 28 : 24);
+        std::string points = " " + std::to_string(count) + ":";
+        for (size_t i = 0; i < count; ++i)
+            points += small ? Printf(" %d,%d", r.As<SHORT>(first + 4 * i), r.As<SHORT>(first + 4 * i + 2))
+                            : Printf(" %ld,%ld", r.As<LONG>(first + 8 * i), r.As<LONG>(first + 8 * i + 4));
+        return text + points;
     }
-    const std::vector<POINT> points = RecordPoints(r);
-    if (!points.empty())
-        text += " " + std::to_string(points.size()) + ":";
-    for (const POINT& p : points)
-        text += Printf(" %ld,%ld", p.x, p.y);
-    for (size_t at = 8; points.empty() && at < r.bytes.size(); at += 4)  // other types: every value after the size
-        text += " " + std::to_string(r.As<LONG>(at));
-    return text;
+    std::string values;  // other types: every value after the size
+    for (size_t at = 8; at < r.bytes.size(); at += 4)
+        values += " " + std::to_string(r.As<LONG>(at));
+    return text + values;
 }
 
 std::vector<std::string> DescribeRecords(const std::vector<EmfRecord>& records, bool drawing)
 {
     std::vector<std::string> lines;
     for (const EmfRecord& record : records)
-        if (!drawing || std::none_of(kNames, kNames + 10, [&](auto& n) { return n.first == record.type; }))  // state
+        if (!drawing || std::none_of(kKinds, kKinds + 10, [&](auto& k) { return k.type == record.type; }))  // state
             lines.push_back(DescribeRecord(record));
     return lines;
 }

@@ -8,6 +8,8 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <climits>
+#include <cmath>
 #include <cstring>
 #include <string>
 #include <vector>
@@ -30,21 +32,20 @@ struct EmfRecord {
 
 /// A metafile DC wrapped in a CDC. Finish() closes it and returns its records
 /// (without the header and end-of-file records).
-class EmfRecorder {
-public:
-    EmfRecorder();
-    ~EmfRecorder();
+struct EmfRecorder {
+    EmfRecorder() { m_dc.Attach(::CreateEnhMetaFileA(nullptr, nullptr, nullptr, nullptr)); }
+    ~EmfRecorder() { Finish(); }
     CDC& Dc() { return m_dc; }
     std::vector<EmfRecord> Finish();
-
-private:
     CDC m_dc;
 };
 
 /// The records of one type, in order.
-std::vector<EmfRecord> RecordsOfType(const std::vector<EmfRecord>& records, DWORD type);
-/// The record types in order, as EMR_ names: "SELECTOBJECT, LINETO, ...".
-std::string DumpRecordTypes(const std::vector<EmfRecord>& records);
+inline std::vector<EmfRecord> RecordsOfType(std::vector<EmfRecord> records, DWORD type)
+{
+    records.erase(std::remove_if(records.begin(), records.end(), [&](auto& r) { return r.type != type; }), records.end());
+    return records;
+}
 /// One line per record with its arguments: "SETVIEWPORTORGEX 0 310",
 /// "CREATEPEN 1 style 0 width 0 color 0x000000", "SELECTOBJECT stock 7",
 /// "ELLIPSE -20 -20 19 19" (boxes as stored: inclusive), "POLYLINE 3: 0,0
@@ -53,8 +54,6 @@ std::string DumpRecordTypes(const std::vector<EmfRecord>& records);
 std::string DescribeRecord(const EmfRecord& record);
 /// `drawing`: object, mode and state records left out.
 std::vector<std::string> DescribeRecords(const std::vector<EmfRecord>& records, bool drawing = false);
-/// The points of a point-list record (POLYLINE, POLYGON, ...); none for others.
-std::vector<POINT> RecordPoints(const EmfRecord& record);
 inline std::string DescribePoint(POINT p) { return std::to_string(p.x) + "," + std::to_string(p.y); }
 
 /// The drawing calls of `records` equal the table `{"LINETO 1 2", ...}`;
@@ -62,20 +61,21 @@ inline std::string DescribePoint(POINT p) { return std::to_string(p.x) + "," + s
 using Calls = std::vector<std::string>;
 #define EXPECT_DRAWS(records, ...) EXPECT_EQ((Calls __VA_ARGS__), DescribeRecords(records, true))
 
-/// A tool initialized (mode 0) on a metafile DC with the frame given.
+/// A tool initialized (mode 0) on a metafile DC with the frame given; Frame()
+/// changes it between calls.
 struct RecordingTool {
     EmfRecorder recorder;
     CMoruDrawTool tool{nullptr, &recorder.Dc()};
 
     explicit RecordingTool(double scaleX = 1.0, double scaleY = 1.0, double offsetX = 0.0, double offsetY = 0.0,
-                           double scaleFact = 1.0)
+                           double scaleFact = 1.0) { Frame(scaleX, scaleY, offsetX, offsetY, scaleFact); tool.Initialize(nullptr, 0); }
+    void Frame(double scaleX, double scaleY, double offsetX = 0.0, double offsetY = 0.0, double scaleFact = 1.0)
     {
         tool.SetScaleFact(scaleFact);
         tool.SetScaleFactX(scaleX);
         tool.SetScaleFactY(scaleY);
         tool.SetOffsetX(offsetX);
         tool.SetOffsetY(offsetY);
-        tool.Initialize(nullptr, 0);
     }
     std::vector<EmfRecord> Finish() { tool.Finalize(); return recorder.Finish(); }
 };

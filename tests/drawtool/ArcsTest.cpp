@@ -1,16 +1,26 @@
 #include "common/EmfRecording.h"
 
-#include <climits>
-#include <cmath>
-
-TEST(Arcs, CornersAndCentresPerAxisRadiiByThreeRules)
+TEST(Arcs, CornersAndCentresPerAxisRadiiByThreeRulesArchTruncated)
 {
+    // Arch, unit frame: Arc(-10, -10, 10, 10, 10, 0, 0, 10); at 45-135
+    // degrees 7.07 truncated toward zero, either sign; a negative radius:
+    // same square, other side; at 180-270 -5 + 1.2e-15 truncates to -4,
+    // 5 - 1.8e-15 to 4.
+    RecordingTool t;
+    EXPECT_NE(0, t.tool.Arch(0, 0, 10, 0.0, 90.0));
+    t.tool.Arch(0, 0, 10, 45.0, 135.0);
+    t.tool.Arch(POINT{0, 0}, -10, 0.0, 90.0);
+    t.tool.Arch(5, -5, 10, 180.0, 270.0);
+    // Truncated in virtual units, then mapped: 7 * 1.5 = 10.5 pushed to 11
+    // (rounding 7.07 first would give 12); the box put in order.
+    t.Frame(1.5, -1.0);
+    t.tool.Arch(0, 0, 10, 45.0, 135.0);
     // ScaleFactX 1, ScaleFactY 3, ScaleFact 2. Arc, ArcTo, Pie: box (-5, -15,
     // 5, 15), stored inclusive; radial points (5, 0), (0, 15). AngleArc and
     // Circle: radius by ScaleFact, centre per axis. Circle2 and Circle3:
     // device pixels; Circle3 is one pixel wider, its POINT form draws as
     // Circle2 (intended).
-    RecordingTool t(1.0, 3.0, 0.0, 0.0, 2.0);
+    t.Frame(1.0, 3.0, 0.0, 0.0, 2.0);
     const RECT box = {-5, -5, 5, 5};
     EXPECT_TRUE(t.tool.Arc(-5, -5, 5, 5, 5, 0, 0, 5) && t.tool.Arc(&box, POINT{5, 0}, POINT{0, 5}) &&
                 t.tool.Pie(-5, -5, 5, 5, 5, 0, 0, 5) && t.tool.Pie(&box, POINT{5, 0}, POINT{0, 5}) &&
@@ -21,41 +31,17 @@ TEST(Arcs, CornersAndCentresPerAxisRadiiByThreeRules)
                 t.tool.Circle3(POINT{0, 0}, 10));
     // Circle2 rounds the centre 1 * 1.5 + 0.25 = 1.75 before adding the
     // radius; Circle3 adds it first: -8.25 and 12.75 pushed to -9 and 13.
-    t.tool.SetScaleFactX(1.5);
-    t.tool.SetOffsetX(0.25);
+    t.Frame(1.5, 3.0, 0.25, 0.0, 2.0);
     t.tool.Circle2(1, 0, 10);
     t.tool.Circle3(1, 0, 10);
-    EXPECT_DRAWS(t.Finish(), {"ARC -5 -15 4 14 5 0 0 15", "ARC -5 -15 4 14 5 0 0 15", "PIE -5 -15 4 14 5 0 0 15",
+    EXPECT_DRAWS(t.Finish(), {"ARC -10 -10 9 9 10 0 0 10", "ARC -10 -10 9 9 7 7 -7 7", "ARC -10 -10 9 9 -10 0 0 -10",
+                              "ARC -5 -15 14 4 -5 -4 4 -15",
+                              "ARC -15 -10 14 9 11 -7 -11 -7",
+                              "ARC -5 -15 4 14 5 0 0 15", "ARC -5 -15 4 14 5 0 0 15", "PIE -5 -15 4 14 5 0 0 15",
                               "PIE -5 -15 4 14 5 0 0 15", "ARCTO -5 -15 4 14 5 0 0 15", "ARCTO -5 -15 4 14 5 0 0 15",
                               "ANGLEARC 1 3 10 -45.5 370",                       // angles as given
                               "ELLIPSE -20 -20 19 19", "ELLIPSE -19 -17 20 22",  // Ellipse(-20, -20, 20, 20)
                               "ELLIPSE -10 -10 9 9", "ELLIPSE -10 -10 9 9",      // Circle2 both forms
                               "ELLIPSE -10 -10 10 10", "ELLIPSE -10 -10 9 9",    // Circle3 both forms
                               "ELLIPSE -8 -10 11 9", "ELLIPSE -9 -10 12 10"});
-}
-
-TEST(Arcs, ArchTruncatesItsRadialPointsAndOrdersItsBox)
-{
-    RecordingTool t;
-    EXPECT_NE(0, t.tool.Arch(0, 0, 10, 0.0, 90.0));
-    t.tool.Arch(0, 0, 10, 45.0, 135.0);
-    t.tool.Arch(POINT{0, 0}, -10, 0.0, 90.0);
-    t.tool.Arch(5, -5, 10, 180.0, 270.0);
-    t.tool.Circle2(INT_MAX - 5, 0, 10);
-    t.tool.Arch(INT_MIN + 5, 0, 10, 180.0, 0.0);
-    t.tool.Arch(0, 0, 10, NAN, INFINITY);
-    // Truncated in virtual units, then mapped: 7 * 1.5 = 10.5 pushed to 11
-    // (rounding 7.07 first would give 12).
-    t.tool.SetScaleFactX(1.5);
-    t.tool.SetScaleFactY(-1.0);
-    t.tool.Arch(0, 0, 10, 45.0, 135.0);
-    // Arc(-10, -10, 10, 10, 10, 0, 0, 10); at 45-135 degrees 7.07 truncated
-    // toward zero, either sign; a negative radius: same square, other side;
-    // at 180-270 -5 + 1.2e-15 truncates to -4, 5 - 1.8e-15 to 4. Box edges
-    // hold at INT_MAX or INT_MIN, radial points out of range (or NaN) too.
-    EXPECT_DRAWS(t.Finish(), {"ARC -10 -10 9 9 10 0 0 10", "ARC -10 -10 9 9 7 7 -7 7", "ARC -10 -10 9 9 -10 0 0 -10",
-                              "ARC -5 -15 14 4 -5 -4 4 -15", "ELLIPSE 2147483632 -10 2147483646 9",
-                              "ARC -2147483648 -10 -2147483634 9 -2147483648 0 -2147483633 0",
-                              "ARC -10 -10 9 9 -2147483648 -2147483648 -2147483648 -2147483648",
-                              "ARC -15 -10 14 9 11 -7 -11 -7"});
 }
