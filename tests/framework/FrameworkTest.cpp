@@ -2,18 +2,7 @@
 
 #include <gtest/gtest.h>
 
-TEST(Framework, StringConvertsWideTextThroughTheAnsiCodePage)
-{
-    EXPECT_EQ(CString("abc"), CString(L"abc"));
-    EXPECT_EQ(0, CString(static_cast<const wchar_t*>(nullptr)).GetLength());
-    EXPECT_EQ(CString("a?b"), CString(L"a\x4E00" L"b")) << "outside code page 1252: the default character";
-    const CString text("Hello, world");
-    EXPECT_EQ(CString("Hello"), text.Left(5));
-    EXPECT_EQ(CString(""), text.Mid(50));
-    EXPECT_EQ(5, text.Find(','));
-}
-
-TEST(Framework, GdiObjectsOwnTheirHandleAndWrappersDoNot)
+TEST(Framework, WrappersDoNotOwnAndInertDcsFailQuietly)
 {
     HPEN raw = ::CreatePen(PS_SOLID, 1, 0);
     {
@@ -26,8 +15,8 @@ TEST(Framework, GdiObjectsOwnTheirHandleAndWrappersDoNot)
 
     CDC dc;
     ASSERT_TRUE(dc.CreateCompatibleDC(nullptr));
-    const HGDIOBJ stockPen = ::GetCurrentObject(dc.m_hDC, OBJ_PEN);
     CPen pen(PS_SOLID, 2, RGB(1, 2, 3));
+    const HGDIOBJ stockPen = ::GetCurrentObject(dc.m_hDC, OBJ_PEN);
     EXPECT_EQ(stockPen, dc.SelectObject(&pen)->m_hObject);
     EXPECT_EQ(CPoint(0, 0), dc.SetViewportOrg(5, 6));
     EXPECT_EQ(CPoint(5, 6), dc.GetViewportOrg());
