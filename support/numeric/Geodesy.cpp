@@ -16,6 +16,17 @@ double TripleToRadians(const double* dms, double pi)
     return (dms[0] + dms[1] / 60 + dms[2] / 3600) * pi / 180;
 }
 
+// The turn of the local frame: sine and cosine of (angle - 270) degrees.
+struct FrameTurn {
+    double s, c;
+};
+
+FrameTurn TurnOf(double angle)
+{
+    const double t = std::acos(-1.0) * (angle - 270) / 180;
+    return FrameTurn{std::sin(t), std::cos(t)};
+}
+
 } // namespace
 
 void ArcLengthsPerMinute(double latitude, double& perLonMinute, double& perLatMinute, int index)
@@ -47,9 +58,7 @@ void OffsetToLatLon(double dx, double dy, double lon0, double lat0, double& lon,
         lat = 0.0;
         return;
     }
-    const double t = std::acos(-1.0) * (angle - 270) / 180;
-    const double s = std::sin(t);
-    const double c = std::cos(t);
+    const auto [s, c] = TurnOf(angle);
     double perLon = 0.0;
     double perLat = 0.0;
     ArcLengthsPerMinute(lat0, perLon, perLat, static_cast<int>(index));
@@ -70,9 +79,7 @@ void LatLonToOffset(double lon0, double lat0, double lon, double lat, double& dx
     ArcLengthsPerMinute(lat0, perLon, perLat, static_cast<int>(index));
     const double east = (lon - lon0) * perLon;
     const double north = (lat - lat0) * perLat;
-    const double t = std::acos(-1.0) * (angle - 270) / 180;
-    const double s = std::sin(t);
-    const double c = std::cos(t);
+    const auto [s, c] = TurnOf(angle);
     // The same turn as OffsetToLatLon's, not its inverse: intended.
     dx = c * east - s * north;
     dy = c * north + s * east;

@@ -46,6 +46,12 @@ int WriteTimeStamp(FILE* file)
                         local.tm_mday, local.tm_hour, local.tm_min, local.tm_sec);
 }
 
+// The caller's message, if it gave a format; returns what printf counted.
+int WriteMessage(FILE* file, const char* format, va_list args)
+{
+    return format ? std::vfprintf(file, format, args) : 0;
+}
+
 } // namespace
 
 int LogWrite(const char* source, int code, const char* format, ...)
@@ -61,12 +67,10 @@ int LogWrite(const char* source, int code, const char* format, ...)
             count += std::fprintf(file, ":");
         if (BeginsWith(format, 'S') || BeginsWith(format, 'E'))
             count += WriteTimeStamp(file);
-        if (format) {
-            va_list args;
-            va_start(args, format);
-            count += std::vfprintf(file, format, args);
-            va_end(args);
-        }
+        va_list args;
+        va_start(args, format);
+        count += WriteMessage(file, format, args);
+        va_end(args);
         std::fclose(file);
     }
     if (BeginsWith(format, 'S')) {
@@ -83,12 +87,10 @@ int LogPrintf(const char* format, ...)
     if (!file)
         return 0;
     int count = WriteTimeStamp(file);
-    if (format) {
-        va_list args;
-        va_start(args, format);
-        count += std::vfprintf(file, format, args);
-        va_end(args);
-    }
+    va_list args;
+    va_start(args, format);
+    count += WriteMessage(file, format, args);
+    va_end(args);
     std::fclose(file);
     return count;
 }
