@@ -1,5 +1,5 @@
 // The framework's main header, named as MFC's: strings, value types, GDI
-// objects, device contexts and windows.
+// objects, device contexts, windows and the application object.
 #pragma once
 
 #include "AfxDC.h"
@@ -7,4 +7,5 @@
 #include "AfxGdi.h"
 #include "AfxString.h"
 #include "AfxTypes.h"
+#include "AfxWinApp.h"
 #include "AfxWnd.h"

@@ -1,5 +1,7 @@
 #include "support/text/LogWriter.h"
 
+#include "support/InvalidParameter.h"
+
 #include <cstdarg>
 #include <cstdio>
 #include <cstdlib>
@@ -103,8 +105,10 @@ char* GetLogFileName()
 void SetLogFileName(const char* path)
 {
     LogStarted = 1;
+    // A bounded copy: a name that does not fit leaves the store empty.
     if (!path || strnlen(path, kLogFileNameCapacity) >= kLogFileNameCapacity) {
         LogFileName[0] = '\0';
+        RaiseInvalidParameter();
         return;
     }
     std::memmove(LogFileName, path, std::strlen(path) + 1);  // the path may be the store itself

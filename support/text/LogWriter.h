@@ -57,10 +57,11 @@ char* GetLogFileName();
 /// Sets the started flag, then copies path into the name store. Later
 /// messages are appended to that file; neither it nor the old file is
 /// emptied. A null path or one of 1001 bytes or more does not fit: the store
-/// is left empty (as a bounded strcpy_s leaves it when its invalid-parameter
-/// handler returns), so later messages are dropped, with LogWrite and
+/// is emptied and the runtime's invalid-parameter condition is raised (see
+/// support/InvalidParameter.h): without a host handler the process ends;
+/// with one, the call returns and later messages are dropped, LogWrite and
 /// LogPrintf returning 0, until a valid name is set. The store is never
-/// overrun and the process is not ended.
+/// overrun.
 void SetLogFileName(const char* path);
 
 /// Deletes the file named in the store; returns the runtime's remove result

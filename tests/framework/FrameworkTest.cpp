@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+#include <vector>
+
 TEST(Framework, WrappersDoNotOwnAndInertDcsFailQuietly)
 {
     HPEN raw = ::CreatePen(PS_SOLID, 1, 0);
@@ -23,4 +26,49 @@ TEST(Framework, WrappersDoNotOwnAndInertDcsFailQuietly)
     CDC inert;  // null handles: every call fails quietly
     EXPECT_EQ(nullptr, inert.SelectObject(&pen));
     EXPECT_FALSE(inert.LineTo(1, 1));
+}
+
+// A host's application object receives every message box; the wait cursor is counted, and the cursor it replaced
+// comes back only when the last EndWaitCursor balances the first BeginWaitCursor.
+TEST(Framework, ApplicationRoutesMessageBoxesAndCountsTheWaitCursor)
+{
+    struct RecordingApp : CWinApp {
+        RecordingApp() : CWinApp("Recorder") {}
+        int DoMessageBox(const char* prompt, UINT type, UINT help) override
+        {
+            boxes.push_back(std::string(prompt) + "|" + std::to_string(type) + "|" + std::to_string(help));
+            return IDCANCEL;
+        }
+        std::vector<std::string> boxes;
+    };
+    EXPECT_EQ(nullptr, AfxGetApp());
+    {
+        RecordingApp app;
+        EXPECT_EQ(&app, AfxGetApp());
+        EXPECT_STREQ("Recorder", app.m_pszAppName);
+        EXPECT_EQ(IDCANCEL, AfxMessageBox("first"));
+        EXPECT_EQ(IDCANCEL, AfxMessageBox("second", MB_YESNO | MB_ICONSTOP, 17));
+        EXPECT_EQ((std::vector<std::string>{"first|0|0", "second|20|17"}), app.boxes);
+
+        const HCURSOR arrow = ::LoadCursor(nullptr, IDC_ARROW), wait = ::LoadCursor(nullptr, IDC_WAIT);
+        ::SetCursor(arrow);
+        {
+            CWaitCursor outer;
+            EXPECT_EQ(wait, ::GetCursor());
+            app.BeginWaitCursor();
+            ::SetCursor(arrow);     // as a dialog would
+            app.RestoreWaitCursor();
+            EXPECT_EQ(wait, ::GetCursor());
+            app.EndWaitCursor();
+            EXPECT_EQ(wait, ::GetCursor()) << "one Begin still open";
+        }
+        EXPECT_EQ(arrow, ::GetCursor());
+        app.EndWaitCursor();        // unbalanced: the count stays at 0
+        app.BeginWaitCursor();
+        app.EndWaitCursor();
+        EXPECT_EQ(arrow, ::GetCursor()) << "an extra End must not leave a negative count";
+    }
+    EXPECT_EQ(nullptr, AfxGetApp()) << "destroying the application clears it";
+    CWaitCursor withoutApp;         // counted by the framework itself
+    EXPECT_EQ(::LoadCursor(nullptr, IDC_WAIT), ::GetCursor());
 }

@@ -1,4 +1,5 @@
 // The namelist writer, CStdioFile and the log writer, checked through the bytes of the files they write.
+#include "support/InvalidParameter.h"
 #include "support/text/LogWriter.h"
 #include "support/text/Namelist.h"
 
@@ -6,7 +7,9 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <cstdio>
+#include <cstdlib>
 #include <ctime>
 #include <filesystem>
 #include <fstream>
@@ -146,10 +149,20 @@ TEST(LogWriter, MessagesStampsStopAndBadInput)
         EXPECT_TRUE(before <= match.str(i) && match.str(i) <= after)
             << "stamp " << match.str(i) << ", clock " << before << " to " << after;
 
-    // Set to nullptr, 1000 and 1001 characters: too long empties the store, and messages are dropped.
+    // Set to nullptr, 1000 and 1001 characters: a name that does not fit raises the invalid-parameter
+    // condition; with a host handler the store is left empty and messages are dropped, without one the
+    // process ends as the runtime's own bounded copy ends it.
     const std::string longest(1000, 'n'), tooLong(1001, 'n');
+    // MinGW's start-up code installs a handler that returns; the child removes it, as an MSVC host has none.
+    EXPECT_EXIT({ _set_invalid_parameter_handler(nullptr); SetLogFileName(tooLong.c_str()); },
+                testing::ExitedWithCode(static_cast<int>(InvalidParameterExitCode)), "") << "no handler installed";
+    static int raised = 0;
+    const _invalid_parameter_handler previous = _set_invalid_parameter_handler(
+        [](const wchar_t*, const wchar_t*, const wchar_t*, unsigned, uintptr_t) { ++raised; });
     const auto nameAfter = [](const char* path) { SetLogFileName(path); return std::string(GetLogFileName()); };
     EXPECT_EQ((std::vector<std::string>{nameAfter(nullptr), nameAfter(longest.c_str()), nameAfter(tooLong.c_str())}),
               (std::vector<std::string>{"", longest, ""}));
+    _set_invalid_parameter_handler(previous);
+    EXPECT_EQ(raised, 2) << "the host's handler is called for the null and the over-long name";
     EXPECT_EQ(LogWrite("A", 1, "dropped\n") + LogPrintf("dropped\n"), 0) << "counts without a file name";
 }

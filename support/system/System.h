@@ -1,0 +1,3 @@
+// The system services of the support library: paths, directory trees,
+// processes, version and file information, desktop services.
+#pragma once
