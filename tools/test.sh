@@ -9,7 +9,7 @@ start=$(date +%s)
 "$root/tools/configure.sh" "$build"
 
 # Make the prefix once, then keep its wineserver up for every test program.
-export WINEPREFIX="$build/wineprefix"
+export WINEPREFIX="$build/wineprefix" DRAWTOOL_BUILD_DIR="$build"
 "$root/cmake/wine-run.sh" --version >/dev/null
 ( cd "$build" && WINEDEBUG=-all wineserver -p )
 trap 'WINEPREFIX="$build/wineprefix" wineserver -k 2>/dev/null || true' EXIT
