@@ -224,10 +224,14 @@ public:
     int PolyBezier(const POINT* points, int count);
     int PolyBezierTo(const POINT* points, int count);
     int PolyDraw(const POINT* points, const BYTE* types, int count);
-    /// Maps the first `count` points (count = number of polylines). Refused
-    /// (0, no device call) when the first `count` polyCounts add up to more
-    /// than `count`, since GDI would read past the mapped copy.
+    /// Maps the first `count` points (count = number of polylines), or, when
+    /// the first `count` polyCounts add up to more, exactly that many points,
+    /// so that GDI draws the polylines described (the host's array must hold
+    /// them). Refused (0, no device call) when they add up to more than
+    /// kMaxPolyPolylinePoints.
     int PolyPolyline(const POINT* points, const DWORD* polyCounts, int count);
+    /// The most points PolyPolyline maps in one call (a 512 MiB copy).
+    static constexpr unsigned long long kMaxPolyPolylinePoints = 1ull << 26;
 
     // ---- Rectangles, fills and clipping (virtual units) --------------------
     // Mapped corner by corner; only FrameRect/FrameRect2 (after mapping) and

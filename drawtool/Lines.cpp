@@ -110,16 +110,19 @@ int CMoruDrawTool::PolyDraw(const POINT* points, const BYTE* types, int count)
 
 int CMoruDrawTool::PolyPolyline(const POINT* points, const DWORD* polyCounts, int count)
 {
-    // The copy holds `count` points (count is the number of polylines, kept
-    // so on purpose); lists that would make GDI read past it are refused.
+    // `count` (the number of polylines) sizes the copy, kept so on purpose.
+    // When the polylines described add up to more points, all of them are
+    // mapped, so that GDI draws what the host described and never reads past
+    // the copy. The sum stops growing once it passes the cap.
     if (count < 2 || !polyCounts)
         return 0;
     unsigned long long total = 0;
-    for (int i = 0; i < count; ++i)
+    for (int i = 0; i < count && total <= kMaxPolyPolylinePoints; ++i)
         total += polyCounts[i];
-    if (total > static_cast<unsigned long long>(count))
+    if (total > kMaxPolyPolylinePoints)
         return 0;
+    const int mapped = std::max(count, static_cast<int>(total));
     CDC& dc = DeviceOf(m_dc);
-    return DrawMapped(m_frame, points, count,
+    return DrawMapped(m_frame, points, mapped,
                       [&](const POINT* copy) { return dc.PolyPolyline(copy, polyCounts, count); });
 }

@@ -18,8 +18,11 @@ inline POINT MapPoint(const CoordinateFrame& frame, POINT point)
     return POINT{MapX(frame, point.x), MapY(frame, point.y)};
 }
 
-/// `count` virtual points mapped per axis into `to`, with exactly MapPoint's
-/// results (a vectorised form of it).
+/// `count` virtual points mapped per axis into `to`: a vectorised form of
+/// MapPoint that gives exactly its results for every frame and point, by
+/// construction (each lane applies RoundToInt's whole rule, including NaN,
+/// the infinities, the ends of the 32-bit range and the sums just below a
+/// power of two), so identical points always land on identical pixels.
 void MapPoints(const CoordinateFrame& frame, const POINT* from, int count, POINT* to);
 
 /// The rule of text positions and tick starts: per axis, but rounded half

@@ -16,15 +16,16 @@ TEST(Lines, PointsAndListsAreMappedPerAxisOrUniformlyOrNotDrawn)
     EXPECT_EQ("7,-6", DescribePoint(t.tool.MoveTo(POINT{2, 0})));
     POINT p[4] = {{0, 0}, {1, 1}, {-3, 2}, {5, -1}};
     const BYTE types[4] = {PT_MOVETO, PT_LINETO, PT_LINETO, PT_LINETO | PT_CLOSEFIGURE};
-    const DWORD counts[3] = {2, 1, 0}, tooMany[2] = {3, 3}, wrapping[2] = {0xFFFFFFFFu, 2};
+    const DWORD counts[3] = {2, 1, 0}, tipping[2] = {2, 1}, overCap[2] = {1u << 26, 1}, wrapping[2] = {0xFFFFFFFFu, 2};
     EXPECT_TRUE(t.tool.Polyline(p, 4) && t.tool.Polygon(p, 3) && t.tool.PolyBezier(p, 4) && t.tool.PolylineTo(p, 2) &&
                 t.tool.PolyBezierTo(p + 1, 3) && t.tool.PolyDraw(p, types, 4));
     t.tool.PolyPolyline(p, counts, 3);  // adding up to `count`: drawn (GDI then refuses the empty polyline)
+    t.tool.PolyPolyline(p, tipping, 2); // the last entry tips the sum over `count`: all 3 points described are mapped
     // Nothing is drawn, 0 returned, for counts below 2, null points, types or
-    // polyCounts, or polyCounts adding up to more than `count` (also when the
-    // sum wraps).
+    // polyCounts, or polyCounts adding up to more than the cap (also when a
+    // 32-bit sum would wrap).
     std::vector<int> refused = {t.tool.PolyDraw(p, nullptr, 3), t.tool.PolyPolyline(p, nullptr, 3),
-                                t.tool.PolyPolyline(p, tooMany, 2), t.tool.PolyPolyline(p, wrapping, 2)};
+                                t.tool.PolyPolyline(p, overCap, 2), t.tool.PolyPolyline(p, wrapping, 2)};
     for (const auto& [points, n] : {std::pair<POINT*, int>{p, 1}, {p, 0}, {p, -1}, {nullptr, 3}, {nullptr, 20000}})
         refused.insert(refused.end(), {t.tool.Polyline(points, n), t.tool.PolylineTo(points, n), t.tool.Polygon(points, n),
                                        t.tool.PolyBezier(points, n), t.tool.PolyBezierTo(points, n),
@@ -40,6 +41,7 @@ TEST(Lines, PointsAndListsAreMappedPerAxisOrUniformlyOrNotDrawn)
                               "POLYBEZIER 4: 10,0 13,-3 3,-5 23,3", "POLYLINETO 2: 10,0 13,-3",
                               "POLYBEZIERTO 3: 13,-3 3,-5 23,3", "POLYDRAW 4: 10,0 13,-3 3,-5 23,3",
                               "POLYPOLYLINE 3: 10,0 13,-3 3,-5",  // `count` points mapped
+                              "POLYPOLYLINE 3: 10,0 13,-3 3,-5",  // the 2 + 1 points described
                               "POLYLINE 2: 0,0 2147483647,-2147483648", "LINETO 0 1"});
 }
 
