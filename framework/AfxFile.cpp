@@ -115,6 +115,13 @@ StreamError TakeStreamError()
 
 } // namespace
 
+CFile::CFile(const char* lpszFileName, UINT nOpenFlags)
+{
+    CFileException error;
+    if (!CFile::Open(lpszFileName, nOpenFlags, &error))
+        AfxThrowFileException(error.m_cause, error.m_lOsError, error.m_strFileName);
+}
+
 CFile::~CFile()
 {
     if (m_hFile != hFileNull)
@@ -196,6 +203,13 @@ void CFile::Abort()
     if (m_hFile != hFileNull)
         CloseHandle(m_hFile);
     m_hFile = hFileNull;
+}
+
+CStdioFile::CStdioFile(const char* lpszFileName, UINT nOpenFlags)
+{
+    CFileException error;
+    if (!CStdioFile::Open(lpszFileName, nOpenFlags, &error))
+        AfxThrowFileException(error.m_cause, error.m_lOsError, error.m_strFileName);
 }
 
 CStdioFile::~CStdioFile()

@@ -88,6 +88,9 @@ public:
     static const HANDLE hFileNull;
 
     CFile() = default;
+    /// Opens at once, as Open does; throws CFileException* (the cause, the
+    /// Windows error and the path) when the file cannot be opened.
+    CFile(const char* lpszFileName, UINT nOpenFlags);
     CFile(const CFile&) = delete;
     CFile& operator=(const CFile&) = delete;
     /// Closes the handle if it is still open; never throws.
@@ -122,6 +125,9 @@ protected:
 class CStdioFile : public CFile {
 public:
     CStdioFile() = default;
+    /// Opens at once, as Open does; throws CFileException* (the cause, the
+    /// Windows error and the path) when the file cannot be opened.
+    CStdioFile(const char* lpszFileName, UINT nOpenFlags);
     /// Closes the stream if it is still open, dropping any error (a
     /// destructor must not throw; call Close to learn about late errors).
     ~CStdioFile() override;

@@ -7,6 +7,7 @@ packages=(
   g++-mingw-w64-x86-64-posix binutils-mingw-w64-x86-64
   wine wine64
   googletest
+  gfortran                               # reads the namelist files in the tests
   fonts-liberation fonts-ipafont-gothic  # fixed fonts: text results depend on them
 )
 missing=()

@@ -1,5 +1,7 @@
 #include "support/text/Namelist.h"
 
+#include <cmath>
+
 #include "support/text/NumberText.h"
 
 namespace {
@@ -68,7 +70,10 @@ void WriteNamelistInt(CStdioFile& file, const char* name, int value, const char*
 
 void WriteNamelistDouble(CStdioFile& file, const char* name, double value, const char* comment)
 {
-    WriteEntry(file, name, FormatDouble(value, 8, false), comment);
+    // Non-finite values in the words a Fortran namelist reader accepts.
+    const char* const nonFinite = std::isnan(value) ? "NaN" : value == HUGE_VAL ? "Infinity"
+                                : value == -HUGE_VAL ? "-Infinity" : nullptr;
+    WriteEntry(file, name, nonFinite ? CString(nonFinite) : FormatDouble(value, 8, false), comment);
 }
 
 void WriteNamelistArray(CStdioFile& file, const char* name, const std::vector<CString>& values,
@@ -98,11 +103,4 @@ void WriteNamelistArray(CStdioFile& file, const char* name, const std::vector<CS
         if (i == 0)
             prefix = CString(' ', prefixLength);
     }
-}
-
-void WriteNamelistArray(CStdioFile& file, const char* name, std::vector<CString>&& values,
-                        const char* comment, int ValuesPerLine, int QuoteValues)
-{
-    const std::vector<CString>& list = values;
-    WriteNamelistArray(file, name, list, comment, ValuesPerLine, QuoteValues);
 }

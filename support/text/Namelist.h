@@ -17,6 +17,7 @@
 // caller, with the lines before it already handed to the file.
 #pragma once
 
+#include <type_traits>
 #include <vector>
 
 #include "framework/AfxFile.h"
@@ -56,7 +57,8 @@ void WriteNamelistInt(CStdioFile& file, const char* name, int value, const char*
 
 /// "name = " + FormatDouble(value, 8, false) + "," + comment suffix + "\n":
 /// fixed notation with at most seven decimals (0.1 -> "0.1", 100 -> "100.0",
-/// -0.0 -> "0.0"), never an exponent.
+/// -0.0 -> "0.0"), never an exponent. NaN and the infinities are written
+/// "NaN", "Infinity" and "-Infinity", as Fortran namelist input reads them.
 void WriteNamelistDouble(CStdioFile& file, const char* name, double value, const char* comment);
 
 /// A list entry spread over lines of ValuesPerLine values (values below 1
@@ -74,7 +76,15 @@ void WriteNamelistDouble(CStdioFile& file, const char* name, double value, const
 void WriteNamelistArray(CStdioFile& file, const char* name, const std::vector<CString>& values,
                         const char* comment, int ValuesPerLine, int QuoteValues);
 
-/// The same list entry for a vector handed over by value (a temporary or a
-/// moved vector): identical output, and the vector is left as it was.
-void WriteNamelistArray(CStdioFile& file, const char* name, std::vector<CString>&& values,
-                        const char* comment, int ValuesPerLine, int QuoteValues);
+/// The same list entry with the values taken by value (the parameter is the
+/// private copy): identical output. Ordinary calls, with a vector or a braced
+/// list, choose the form above, since a by-value twin would make every call
+/// ambiguous; this form is reached by naming it:
+///     WriteNamelistArray<std::vector<CString>>(file, "XP", values, "", 3, 0);
+template <class Values, class = std::enable_if_t<std::is_same_v<Values, std::vector<CString>>>>
+void WriteNamelistArray(CStdioFile& file, const char* name, Values values, const char* comment, int ValuesPerLine,
+                        int QuoteValues)
+{
+    const std::vector<CString>& copy = values;
+    WriteNamelistArray(file, name, copy, comment, ValuesPerLine, QuoteValues);
+}

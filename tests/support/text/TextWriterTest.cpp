@@ -7,6 +7,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
@@ -50,7 +51,7 @@ TEST(Namelist, GoldenFile)
     WriteNamelistBool(f, "FLAG", true, "");
     WriteNamelistBool(f, "DEBUG", false, "off");
     WriteNamelistInt(f, "N", -2147483647 - 1, "");
-    for (double value : {-0.0, 9.99999996})
+    for (double value : {-0.0, 9.99999996, std::nan(""), -HUGE_VAL})
         WriteNamelistDouble(f, "DT", value, "");
     WriteNamelistBlankLine(f);
     WriteNamelistArray(f, "E", {}, "none", 3, 0);
@@ -58,7 +59,7 @@ TEST(Namelist, GoldenFile)
     WriteNamelistArray(f, "XP", {"1", "2", "3"}, "nodes", 3, 0);
     WriteNamelistArray(f, "XP", {"1", "2", "3", "4"}, "!c", 3, 0);
     WriteNamelistArray(f, "V", {"1", "2", "3", "4", "5", "6"}, "", 0, 0);   // below 1 means 5
-    WriteNamelistArray(f, "LONG", {"1", "2", "3"}, "one", 1, 0);
+    WriteNamelistArray<std::vector<CString>>(f, "LONG", {"1", "2", "3"}, "one", 1, 0);   // the by-value form
     WriteNamelistArray(f, "NAMES", {"a", " b", "", "it's", "x\ny"}, "", 2, 1);   // quotes not escaped
     WriteNamelistEnd(f);
     WriteNamelistGroup(f, "OUTPUT", "run 1");
@@ -66,7 +67,8 @@ TEST(Namelist, GoldenFile)
     f.Close();
     EXPECT_EQ(ReadBytes(path),
               "!  !as is \r\n!\r\n&INPUT\r\nTITLE = '  beam 2 ',\t! note\r\nQ = '',\r\nMODE = fast,\t! ! a!\r\n"
-              "FLAG = .true.,\r\nDEBUG = .false.,\t! off\r\nN = -2147483648,\r\nDT = 0.0,\r\nDT = 10.0,\r\n\r\n"
+              "FLAG = .true.,\r\nDEBUG = .false.,\t! off\r\nN = -2147483648,\r\nDT = 0.0,\r\nDT = 10.0,\r\nDT = NaN,\r\n"
+              "DT = -Infinity,\r\n\r\n"
               "ONE = 1,\r\nXP = 1, 2, 3,\t! nodes\r\nXP = 1, 2, 3,\t! c\r\n     4,\t! c\r\nV = 1, 2, 3, 4, 5,\r\n    6,\r\n"
               "LONG = 1,\t! one\r\n 2,\t! one\r\n 3,\t! one\r\nNAMES = 'a', ' b',\r\n        '', 'it's',\r\n        'x\r\ny',\r\n"
               "/\r\n&OUTPUT\t! run 1\r\n/\r\n");
@@ -94,6 +96,15 @@ TEST(StdioFile, TextRoundTripAndWriteErrors)
     };
     EXPECT_NE(causeOf([&] { in.WriteString("x\n"); in.Close(); }), -1) << "writing to a file opened for reading";
     in.Abort();
+    // The constructors that open at once throw what Open would report.
+    EXPECT_EQ(causeOf([&] { CStdioFile missing((path + "\\no\\such.txt").c_str(), CFile::modeRead); }),
+              CFileException::badPath);
+    EXPECT_EQ(causeOf([&] { CFile missing((path + ".none").c_str(), CFile::modeRead); }), CFileException::fileNotFound);
+    {
+        CStdioFile appended(path.c_str(), CFile::modeWrite | CFile::modeCreate | CFile::modeNoTruncate);
+        appended.WriteString("+\n");
+    }
+    EXPECT_EQ(ReadBytes(path), "a\r\n\r\nlast+\r\n") << "opened by the constructor, closed by the destructor";
     if (!full.Open("Z:\\dev\\full", CFile::modeWrite | CFile::shareDenyNone))
         GTEST_SKIP() << "no Z:\\dev\\full here";
     full.WriteString("short\n");
