@@ -69,3 +69,26 @@ TEST(Lines, LongPolylinesRunIn15000PointStepsSharingTheirSeamPoints)
     EXPECT_EQ((Calls{"answer 1", first, "15000: 30000,9 to 59998,3"}), runs(30000));
     EXPECT_EQ((Calls{"answer 0", first, "15001: 30000,9 to 60000,6", "1: 60000,6 to 60000,6"}), runs(30001));
 }
+
+// Regression: the list mapping once put 1.4 * 330 + 50, one step below 512, on 513 while LineTo put it on 512.
+TEST(Lines, EveryPointListLandsWhereLineToDoes)
+{
+    RecordingTool t(1.4, -1.4, 50.0, -50.0);
+    POINT p[4] = {{330, 330}, {330, 330}, {330, 330}, {330, 330}};
+    const BYTE types[3] = {PT_MOVETO, PT_LINETO, PT_LINETO};
+    const DWORD twoByTwo[2] = {2, 2};
+    t.tool.MoveTo(p[0]);
+    t.tool.LineTo(p[0]);
+    t.tool.Polyline(p, 3);
+    t.tool.PolylineTo(p, 2);
+    t.tool.Polygon(p, 3);
+    t.tool.PolyBezier(p, 4);
+    t.tool.PolyBezierTo(p, 3);
+    t.tool.PolyDraw(p, types, 3);
+    t.tool.PolyPolyline(p, twoByTwo, 2);
+    EXPECT_DRAWS(t.Finish(), {"MOVETOEX 512 -512", "LINETO 512 -512", "POLYLINE 3: 512,-512 512,-512 512,-512",
+                              "POLYLINETO 2: 512,-512 512,-512", "POLYGON 3: 512,-512 512,-512 512,-512",
+                              "POLYBEZIER 4: 512,-512 512,-512 512,-512 512,-512",
+                              "POLYBEZIERTO 3: 512,-512 512,-512 512,-512", "POLYDRAW 3: 512,-512 512,-512 512,-512",
+                              "POLYPOLYLINE 4: 512,-512 512,-512 512,-512 512,-512"});
+}

@@ -61,6 +61,11 @@ TEST(Rounding, RoundToIntMatchesTheTextRule)
         for (double v : {anchor, anchor + 0.5, anchor - 0.5, anchor + 0.25, anchor - 0.75})
             for (double x : {v, -v, std::nextafter(v, kInf), std::nextafter(v, -kInf), -std::nextafter(v, kInf)})
                 ExpectSameAsLiteral(x);
+    // Every power of two up to 2^33 and the four doubles either side of it.
+    for (int m = 0; m <= 33; ++m)
+        for (double below = std::ldexp(1.0, m), above = below, k = 0; k <= 4;
+             ++k, below = std::nextafter(below, 0.0), above = std::nextafter(above, kInf))
+            ExpectSameAsLiteral(below), ExpectSameAsLiteral(-below), ExpectSameAsLiteral(above), ExpectSameAsLiteral(-above);
     for (double x : {std::ldexp(1.0, -54), std::ldexp(1.0, -53), std::numeric_limits<double>::denorm_min(),
                      std::ldexp(1.0, 51) + 0.5, std::ldexp(1.0, 51) - 0.25, 0.49999999999999994, kNaN, kInf})
         ExpectSameAsLiteral(x), ExpectSameAsLiteral(-x);
