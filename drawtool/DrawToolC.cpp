@@ -1,81 +1,15 @@
-// The C interface: a registry of live tools behind opaque handles, and one
-// wrapper per row of the method table.
+// The C interface: one wrapper per row of the method table, the handles'
+// creation and destruction, and the module's version.
 #include "drawtool/DrawToolC.h"
 
 #include "drawtool/DrawTool.h"
+#include "drawtool/ToolRegistry.h"
 
-#include <cstdint>
 #include <cstring>
 #include <memory>
-#include <mutex>
 #include <type_traits>
-#include <unordered_map>
 
 namespace {
-
-// What a handle stands for: the tool and the framework wrappers of the
-// host's window and DC that it borrows.
-struct Binding {
-    CWnd wnd;
-    std::unique_ptr<CBorrowedDC> dc;  // null for a null HDC: the tool's inert DC
-    CMoruDrawTool* tool = nullptr;
-
-    Binding() = default;
-    Binding(const Binding&) = delete;
-    Binding& operator=(const Binding&) = delete;
-    ~Binding()
-    {
-        if (!tool)
-            return;
-        // A pen with a handle means Initialize ran and Finalize did not: put
-        // the DC back before the tool goes. After Finalize the tool has no
-        // GdiSet, so deleting it through its destructor is safe.
-        if (CPen* pen = tool->GetPen(); pen && pen->GetSafeHandle())
-            tool->Finalize();
-        delete tool;
-    }
-};
-
-// Handles are serial numbers, never addresses, and never reused: a destroyed
-// handle stays unknown even after a new tool takes the old one's memory.
-class Registry {
-public:
-    DrawToolHandle Add(std::unique_ptr<Binding> binding)
-    {
-        std::lock_guard<std::mutex> guard(m_lock);
-        const std::uintptr_t serial = ++m_lastSerial;
-        m_live.emplace(serial, std::move(binding));
-        return reinterpret_cast<DrawToolHandle>(serial);
-    }
-    /// The binding taken out of the registry (null for an unknown handle).
-    std::unique_ptr<Binding> Remove(DrawToolHandle handle)
-    {
-        std::lock_guard<std::mutex> guard(m_lock);
-        const auto found = m_live.find(reinterpret_cast<std::uintptr_t>(handle));
-        if (found == m_live.end())
-            return nullptr;
-        std::unique_ptr<Binding> binding = std::move(found->second);
-        m_live.erase(found);
-        return binding;
-    }
-    CMoruDrawTool* Find(DrawToolHandle handle)
-    {
-        std::lock_guard<std::mutex> guard(m_lock);
-        const auto found = m_live.find(reinterpret_cast<std::uintptr_t>(handle));
-        return found == m_live.end() ? nullptr : found->second->tool;
-    }
-
-private:
-    std::mutex m_lock;
-    std::uintptr_t m_lastSerial = 0;
-    std::unordered_map<std::uintptr_t, std::unique_ptr<Binding>> m_live;
-};
-
-Registry& Tools()
-{
-    static Registry registry;
-    return registry;
-}
 
 // Results of the class in C terms.
 POINT ToPlain(const CPoint& point) { return POINT{point.x, point.y}; }
@@ -127,7 +61,7 @@ Ret OnTool(DrawToolHandle handle, Call&& call)
 DrawToolHandle DrawTool_Create(HWND wnd, HDC dc)
 {
     try {
-        auto binding = std::make_unique<Binding>();
+        auto binding = std::make_unique<ToolBinding>();
         binding->wnd.Attach(wnd);
         if (dc)
             binding->dc = std::make_unique<CBorrowedDC>(dc);

@@ -41,7 +41,8 @@
  * and null for handles and pointers.
  *
  * Threads: handles may be created and destroyed on any thread; one tool is
- * used by one thread at a time, as its DC is.
+ * used by one thread at a time, as its DC is, and is not destroyed while
+ * another thread draws with it.
  */
 #ifndef DRAWTOOL_C_H
 #define DRAWTOOL_C_H
