@@ -34,11 +34,12 @@
  * the table in DrawToolMethods.h.
  *
  * Bad handles: a null handle, a handle after DrawTool_Destroy and any value
- * that DrawTool_Create did not return are recognised (handles are never
- * reused). The call then does nothing, writes no out-parameter and returns
- * its neutral value: 0 for int results, CLR_INVALID for COLORREF, GDI_ERROR
- * for the UINT text alignments, 0.0 for doubles, the point (0, 0) for POINT
- * and null for handles and pointers.
+ * that DrawTool_Create did not return are recognised; a handle value is not
+ * handed out again before some 4 billion later creations, even when a new
+ * tool takes the old one's memory. The call then does nothing, writes no
+ * out-parameter and returns its neutral value: 0 for int results,
+ * CLR_INVALID for COLORREF, GDI_ERROR for the UINT text alignments, 0.0 for
+ * doubles, the point (0, 0) for POINT and null for handles and pointers.
  *
  * Threads: handles may be created and destroyed on any thread; one tool is
  * used by one thread at a time, as its DC is, and is not destroyed while
