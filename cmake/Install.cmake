@@ -9,7 +9,8 @@ install(TARGETS drawtool support framework EXPORT drawtoolTargets
   LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
   ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
 
-install(FILES drawtool/DrawTool.h drawtool/DrawToolExport.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/drawtool)
+install(FILES drawtool/DrawTool.h drawtool/DrawToolExport.h drawtool/DrawToolC.h drawtool/DrawToolMethods.h
+  DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/drawtool)
 install(DIRECTORY framework/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/framework FILES_MATCHING PATTERN "*.h")
 install(DIRECTORY support/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/support FILES_MATCHING PATTERN "*.h")
 

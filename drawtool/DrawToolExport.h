@@ -1,4 +1,4 @@
-// Export and import of the drawing DLL's interface.
+/* Export and import of the drawing DLL's interface (C and C++). */
 #pragma once
 
 #if defined(DRAWTOOL_BUILDING_DLL)
