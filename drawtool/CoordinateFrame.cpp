@@ -51,7 +51,8 @@ CPoint CMoruDrawTool::GetCurrentPosition()
     // Divides before subtracting the offset: the inverse of the mapping only
     // for zero offsets. Kept so, unlike LPtoV_X/LPtoV_Y.
     POINT device = {0, 0};
-    ::GetCurrentPositionEx(DeviceOf(m_dc).m_hAttribDC, &device);
+    if (const HDC handle = QueryHandle(m_dc))
+        ::GetCurrentPositionEx(handle, &device);
     return CPoint(RoundToInt(device.x / m_frame.scaleFactX - m_frame.offsetX),
                   RoundToInt(device.y / m_frame.scaleFactY - m_frame.offsetY));
 }
