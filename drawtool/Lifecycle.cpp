@@ -81,8 +81,10 @@ void CMoruDrawTool::Finalize()
     if (!m_gdiSet)
         return;
     // Without a matching Initialize nothing of the tool's is selected and the
-    // viewport origin is the host's own: the DC is not touched.
-    if (m_gdiSet->selected)
+    // viewport origin is the host's own: the DC is not touched. Neither is a
+    // DC that has lost its handles since; the record's objects are deleted
+    // with it.
+    if (m_gdiSet->selected && !IsInert(m_dc))
         RestoreDevice(DeviceOf(m_dc), *m_gdiSet);
     delete m_gdiSet;
     m_gdiSet = nullptr;
