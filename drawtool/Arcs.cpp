@@ -12,8 +12,10 @@
 
 int CMoruDrawTool::Arc(int x1, int y1, int x2, int y2, int x3, int y3, int x4, int y4)
 {
+    if (IsInert(m_dc))
+        return 0;
     const CoordinateFrame& f = m_frame;
-    return ::Arc(DeviceOf(m_dc).m_hDC, MapX(f, x1), MapY(f, y1), MapX(f, x2), MapY(f, y2), MapX(f, x3), MapY(f, y3),
+    return ::Arc(m_dc->m_hDC, MapX(f, x1), MapY(f, y1), MapX(f, x2), MapY(f, y2), MapX(f, x3), MapY(f, y3),
                  MapX(f, x4), MapY(f, y4));
 }
 
@@ -36,8 +38,10 @@ int CMoruDrawTool::ArcTo(const RECT* rect, POINT start, POINT end)
 
 int CMoruDrawTool::Pie(int x1, int y1, int x2, int y2, int x3, int y3, int x4, int y4)
 {
+    if (IsInert(m_dc))
+        return 0;
     const CoordinateFrame& f = m_frame;
-    return ::Pie(DeviceOf(m_dc).m_hDC, MapX(f, x1), MapY(f, y1), MapX(f, x2), MapY(f, y2), MapX(f, x3), MapY(f, y3),
+    return ::Pie(m_dc->m_hDC, MapX(f, x1), MapY(f, y1), MapX(f, x2), MapY(f, y2), MapX(f, x3), MapY(f, y3),
                  MapX(f, x4), MapY(f, y4));
 }
 
@@ -48,20 +52,24 @@ int CMoruDrawTool::Pie(const RECT* rect, POINT start, POINT end)
 
 int CMoruDrawTool::AngleArc(int x, int y, int radius, float startAngle, float sweepAngle)
 {
+    if (IsInert(m_dc))
+        return 0;
     // The radius takes the uniform factor and no offset; GDI refuses a
     // negative one.
     const int deviceRadius = RoundToInt(radius * m_frame.scaleFact);
-    return ::AngleArc(DeviceOf(m_dc).m_hDC, MapX(m_frame, x), MapY(m_frame, y), static_cast<DWORD>(deviceRadius),
+    return ::AngleArc(m_dc->m_hDC, MapX(m_frame, x), MapY(m_frame, y), static_cast<DWORD>(deviceRadius),
                       startAngle, sweepAngle);
 }
 
 int CMoruDrawTool::Circle(int x, int y, int radius)
 {
+    if (IsInert(m_dc))
+        return 0;
     const CoordinateFrame& f = m_frame;
     const double s = radius * f.scaleFact;
     const double cx = x * f.scaleFactX;
     const double cy = y * f.scaleFactY;
-    return ::Ellipse(DeviceOf(m_dc).m_hDC, RoundToInt((cx - s) + f.offsetX), RoundToInt((cy - s) + f.offsetY),
+    return ::Ellipse(m_dc->m_hDC, RoundToInt((cx - s) + f.offsetX), RoundToInt((cy - s) + f.offsetY),
                      RoundToInt((s + cx) + f.offsetX), RoundToInt((s + cy) + f.offsetY));
 }
 
@@ -69,9 +77,11 @@ int CMoruDrawTool::Circle(POINT centre, int radius) { return Circle(centre.x, ce
 
 int CMoruDrawTool::Circle2(int x, int y, int radius)
 {
+    if (IsInert(m_dc))
+        return 0;
     const long long cx = MapX(m_frame, x);
     const long long cy = MapY(m_frame, y);
-    return ::Ellipse(DeviceOf(m_dc).m_hDC, SaturateToInt(cx - radius), SaturateToInt(cy - radius), SaturateToInt(cx + radius),
+    return ::Ellipse(m_dc->m_hDC, SaturateToInt(cx - radius), SaturateToInt(cy - radius), SaturateToInt(cx + radius),
                      SaturateToInt(cy + radius));
 }
 
@@ -79,10 +89,12 @@ int CMoruDrawTool::Circle2(POINT centre, int radius) { return Circle2(centre.x, 
 
 int CMoruDrawTool::Circle3(int x, int y, int radius)
 {
+    if (IsInert(m_dc))
+        return 0;
     const CoordinateFrame& f = m_frame;
     const double cx = x * f.scaleFactX + f.offsetX;
     const double cy = y * f.scaleFactY + f.offsetY;
-    return ::Ellipse(DeviceOf(m_dc).m_hDC, RoundToInt(cx - radius), RoundToInt(cy - radius),
+    return ::Ellipse(m_dc->m_hDC, RoundToInt(cx - radius), RoundToInt(cy - radius),
                      RoundToInt(cx + radius + 1.0), RoundToInt(cy + radius + 1.0));
 }
 

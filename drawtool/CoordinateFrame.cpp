@@ -50,8 +50,11 @@ CPoint CMoruDrawTool::GetCurrentPosition()
 {
     // Divides before subtracting the offset: the inverse of the mapping only
     // for zero offsets. Kept so, unlike LPtoV_X/LPtoV_Y.
+    const HDC handle = QueryHandle(m_dc);
+    if (!handle)
+        return CPoint(0, 0);
     POINT device = {0, 0};
-    ::GetCurrentPositionEx(DeviceOf(m_dc).m_hAttribDC, &device);
+    ::GetCurrentPositionEx(handle, &device);
     return CPoint(RoundToInt(device.x / m_frame.scaleFactX - m_frame.offsetX),
                   RoundToInt(device.y / m_frame.scaleFactY - m_frame.offsetY));
 }

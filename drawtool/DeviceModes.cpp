@@ -3,18 +3,49 @@
 #include "drawtool/Device.h"
 #include "drawtool/DrawTool.h"
 
-int CMoruDrawTool::GetArcDirection() const { return ::GetArcDirection(DeviceOf(m_dc).m_hAttribDC); }
-COLORREF CMoruDrawTool::GetBkColor() const { return ::GetBkColor(DeviceOf(m_dc).m_hAttribDC); }
-int CMoruDrawTool::GetBkMode() const { return ::GetBkMode(DeviceOf(m_dc).m_hAttribDC); }
-int CMoruDrawTool::GetPolyFillMode() const { return ::GetPolyFillMode(DeviceOf(m_dc).m_hAttribDC); }
-int CMoruDrawTool::GetROP2() const { return ::GetROP2(DeviceOf(m_dc).m_hAttribDC); }
-COLORREF CMoruDrawTool::GetTextColor() const { return ::GetTextColor(DeviceOf(m_dc).m_hAttribDC); }
+namespace {
 
-int CMoruDrawTool::SetArcDirection(int direction) { return DeviceOf(m_dc).SetArcDirection(direction); }
-COLORREF CMoruDrawTool::SetBkColor(COLORREF color) { return DeviceOf(m_dc).SetBkColor(color); }
-int CMoruDrawTool::SetBkMode(int mode) { return DeviceOf(m_dc).SetBkMode(mode); }
-int CMoruDrawTool::SetPolyFillMode(int mode) { return DeviceOf(m_dc).SetPolyFillMode(mode); }
-int CMoruDrawTool::SetROP2(int rop) { return DeviceOf(m_dc).SetROP2(rop); }
-COLORREF CMoruDrawTool::SetTextColor(COLORREF color) { return DeviceOf(m_dc).SetTextColor(color); }
-int CMoruDrawTool::SaveDC() { return DeviceOf(m_dc).SaveDC(); }
-int CMoruDrawTool::RestoreDC(int saved) { return DeviceOf(m_dc).RestoreDC(saved); }
+// A query of the DC's attribute handle, or 0 when there is none.
+template <class Result, class Query>
+Result Ask(const CDC* dc, Query query)
+{
+    const HDC handle = QueryHandle(dc);
+    return handle ? query(handle) : Result(0);
+}
+
+// A change made through the CDC, or 0 without a call on an inert DC.
+template <class Result, class Call>
+Result Change(CDC* dc, Call change)
+{
+    return IsInert(dc) ? Result(0) : change(*dc);
+}
+
+} // namespace
+
+int CMoruDrawTool::GetArcDirection() const { return Ask<int>(m_dc, ::GetArcDirection); }
+COLORREF CMoruDrawTool::GetBkColor() const { return Ask<COLORREF>(m_dc, ::GetBkColor); }
+int CMoruDrawTool::GetBkMode() const { return Ask<int>(m_dc, ::GetBkMode); }
+int CMoruDrawTool::GetPolyFillMode() const { return Ask<int>(m_dc, ::GetPolyFillMode); }
+int CMoruDrawTool::GetROP2() const { return Ask<int>(m_dc, ::GetROP2); }
+COLORREF CMoruDrawTool::GetTextColor() const { return Ask<COLORREF>(m_dc, ::GetTextColor); }
+
+int CMoruDrawTool::SetArcDirection(int direction)
+{
+    return Change<int>(m_dc, [&](CDC& dc) { return dc.SetArcDirection(direction); });
+}
+COLORREF CMoruDrawTool::SetBkColor(COLORREF color)
+{
+    return Change<COLORREF>(m_dc, [&](CDC& dc) { return dc.SetBkColor(color); });
+}
+int CMoruDrawTool::SetBkMode(int mode) { return Change<int>(m_dc, [&](CDC& dc) { return dc.SetBkMode(mode); }); }
+int CMoruDrawTool::SetPolyFillMode(int mode)
+{
+    return Change<int>(m_dc, [&](CDC& dc) { return dc.SetPolyFillMode(mode); });
+}
+int CMoruDrawTool::SetROP2(int rop) { return Change<int>(m_dc, [&](CDC& dc) { return dc.SetROP2(rop); }); }
+COLORREF CMoruDrawTool::SetTextColor(COLORREF color)
+{
+    return Change<COLORREF>(m_dc, [&](CDC& dc) { return dc.SetTextColor(color); });
+}
+int CMoruDrawTool::SaveDC() { return Change<int>(m_dc, [](CDC& dc) { return dc.SaveDC(); }); }
+int CMoruDrawTool::RestoreDC(int saved) { return Change<int>(m_dc, [&](CDC& dc) { return dc.RestoreDC(saved); }); }

@@ -21,13 +21,30 @@
 // running its destructor, so Finalize is what releases the GDI objects.
 //
 // Defined outcomes where the host breaks the life cycle (the tool validates
-// nothing else and never throws):
-// - A null DC: every call still returns; device calls go to an inert DC and
-//   answer 0 (points (0, 0)), metrics answer 0 or NaN.
+// nothing else and never throws). Whatever the order of the calls, after
+// Finalize the DC has again the pen, brush, font and viewport origin it had
+// when Initialize first selected the tool's objects (unless the host, after
+// Finalize, restores a DC state it saved while they were selected).
+// - An inert DC: a null CDC*, or a CDC without an output handle (m_hDC). The
+//   tool makes no GDI, user32 or CDC call on it (a null handle never reaches
+//   GDI): every device call answers 0 (points (0, 0); GetPen, GetBrush and
+//   GetFont give objects without a handle), metrics answer 0, or NaN where
+//   they divide by a zero length or ScaleFact, and Initialize changes only
+//   the coordinate frame. A CDC with an output handle but no attribute
+//   handle draws; its queries answer 0.
+// - Before Initialize: pen, brush and font calls do nothing (nothing of the
+//   tool's is selected yet); drawing calls reach the DC with its own objects.
+//   Finalize without Initialize leaves the DC alone and releases the GdiSet.
+// - An object GDI refuses (a pen or brush style or hatch it does not know, a
+//   font it cannot make): its select fails and changes nothing, and the tool
+//   keeps the object it displaced earlier as the one Finalize puts back.
+// - SaveDC/RestoreDC: the tool does not follow what RestoreDC selects; it
+//   goes on with its own objects, and Finalize still puts back the DC's.
 // - A failed allocation of the GdiSet, and every call after Finalize: the tool
-//   has no GdiSet; pen, brush and font calls do nothing, GetPen, GetBrush and
-//   GetFont return null, GetPenColor returns 0, and Finalize does nothing.
-//   Drawing calls still reach the DC (with its own objects selected).
+//   has no GdiSet; Initialize changes only the coordinate frame, pen, brush
+//   and font calls do nothing, GetPen, GetBrush and GetFont return null,
+//   GetPenColor returns 0, and Finalize does nothing. Drawing calls still
+//   reach the DC (with its own objects selected).
 // - Initialize again without Finalize: the DC is first put back as Finalize
 //   would (the GdiSet is kept), so no GDI object leaks and a later Finalize
 //   restores the DC's own objects and viewport origin.
@@ -70,10 +87,12 @@ public:
     /// transparent background and TA_TOP|TA_LEFT, and moves the viewport
     /// origin. mode 1: y points up (ScaleFactY is negated), origin
     /// (OrgX, OrgY). mode 2: origin (OrgX, OrgY + rect->bottom); a null rect
-    /// counts as bottom 0. Other modes: origin (0, 0), rect is not read.
+    /// counts as bottom 0. Other modes: origin (0, 0), rect is not read. On
+    /// an inert DC or without a GdiSet only the frame changes (see above).
     void Initialize(RECT* rect, int mode);
     /// Deletes the tool's objects, re-selects the DC's own and restores the
     /// viewport origin; text colour, background mode and alignment stay.
+    /// Without a matching Initialize it only releases the GdiSet.
     void Finalize();
     CDC* GetDCPointer();
 
@@ -106,6 +125,7 @@ public:
     double LPtoV_Y(int lp);
     /// The DC's current position in virtual units, by
     /// RoundToInt(device / ScaleFact - Offset) per axis (scale divided first).
+    /// (0, 0) on an inert DC, whatever the offsets.
     CPoint GetCurrentPosition();
     /// Rotates (x, y) about the origin by `angle` degrees, counter-clockwise
     /// when y points up. The outputs may alias the caller's inputs; a null
@@ -114,11 +134,15 @@ public:
 
     // ---- Pen, brush and device modes ---------------------------------------
 
-    /// Replaces the pen; `width` in logical units, not scaled.
+    /// Replaces the pen; `width` in logical units, not scaled. Between
+    /// Initialize and Finalize only; after a refused pen the previous one
+    /// stays in use.
     void SetPen(int style, int width, COLORREF color);
     CPen* GetPen();
     COLORREF GetPenColor();
     /// Replaces the brush (a BS_ style, colour 0x00BBGGRR, HS_ hatch).
+    /// Between Initialize and Finalize only; a refused brush leaves the DC
+    /// with its own brush until the next SetBrush or Finalize.
     void SetBrush(UINT style, COLORREF color, LONG hatch);
     CBrush* GetBrush();
 
@@ -145,8 +169,10 @@ public:
     // to the ANSI code page and make only 8-bit GDI calls. Every font call
     // creates character set 128 (SHIFTJIS_CHARSET), OUT_TT_PRECIS and
     // CLIP_LH_ANGLES with FontWeight and the low byte of FontItalic, and
-    // re-selects the DC's own font before deleting the tool's. Font calls do
-    // nothing without a GdiSet (SetPointFont0A still returns GetLogFontOld()).
+    // re-selects the DC's own font before deleting the tool's; a font GDI
+    // refuses leaves the DC's own selected. Font calls do nothing outside
+    // Initialize..Finalize or on an inert DC (SetPointFont0A still returns
+    // GetLogFontOld()).
 
     void SetFont1A(int height, double escapement, const char* face, double orientation);
     void SetFont1W(int height, double escapement, const wchar_t* face, double orientation);
@@ -332,7 +358,10 @@ public:
     int TextOutW(POINT point, const wchar_t* text);
     /// Draws in a mapped copy of `rect` (TextShiftY off both top and bottom,
     /// not put in order); the host's rectangle is read, never written, even
-    /// with DT_CALCRECT. A null rect draws nothing and returns 0.
+    /// with DT_CALCRECT. A null rect draws nothing and returns 0. With
+    /// DT_MODIFYSTRING the text as shown (with its ellipsis, up to four
+    /// characters longer) goes to the tool's own copy, which has room for it;
+    /// the host's text is never written.
     int DrawTextA(const char* text, RECT* rect, UINT format);
     int DrawTextW(const wchar_t* text, RECT* rect, UINT format);
 

@@ -15,7 +15,8 @@ CString FaceOrCurrent(CDC& dc, const char* face)
     if (face)
         return CString(face);
     char current[256] = {};
-    ::GetTextFaceA(dc.m_hAttribDC, sizeof current, current);
+    if (const HDC handle = QueryHandle(&dc))
+        ::GetTextFaceA(handle, sizeof current, current);
     return CString(current);
 }
 
@@ -46,7 +47,7 @@ void ReplaceFont(CDC& dc, GdiSet& set, int logicalHeight, double escapement, con
     set.font.Attach(::CreateFontA(logicalHeight, 0, TenthsOfDegree(escapement), TenthsOfDegree(orientation),
                                   weight, static_cast<BYTE>(italic), 0, 0, SHIFTJIS_CHARSET, OUT_TT_PRECIS,
                                   CLIP_LH_ANGLES, DEFAULT_QUALITY, 0, faceName));
-    set.oldFont = dc.SelectObject(&set.font);
+    KeepDisplaced(set.oldFont, dc.SelectObject(&set.font));
 }
 
 } // namespace
@@ -55,7 +56,7 @@ void ReplaceFont(CDC& dc, GdiSet& set, int logicalHeight, double escapement, con
 
 void CMoruDrawTool::SetFont1A(int height, double escapement, const char* face, double orientation)
 {
-    if (!m_gdiSet)
+    if (!HasSelected(m_gdiSet, m_dc))
         return;
     m_pointFontFlag = 0;
     ReplaceFont(DeviceOf(m_dc), *m_gdiSet, RoundToInt(height * m_frame.scaleFact), escapement, face, orientation,
@@ -69,7 +70,7 @@ void CMoruDrawTool::SetFont1W(int height, double escapement, const wchar_t* face
 
 void CMoruDrawTool::SetFont2A(int height, double escapement, const char* face, double orientation)
 {
-    if (!m_gdiSet)
+    if (!HasSelected(m_gdiSet, m_dc))
         return;
     m_pointFontFlag = 0;
     ReplaceFont(DeviceOf(m_dc), *m_gdiSet, RoundToInt(height * m_frame.scaleFact2), escapement, face, orientation,
@@ -83,7 +84,7 @@ void CMoruDrawTool::SetFont2W(int height, double escapement, const wchar_t* face
 
 void CMoruDrawTool::SetPointFontA(int points, double escapement, const char* face, double orientation)
 {
-    if (!m_gdiSet)
+    if (!HasSelected(m_gdiSet, m_dc))
         return;
     m_pointFontFlag = 1;
     // SetFont1A resets the flag to 0 and scales the height by ScaleFact: intended.
@@ -92,7 +93,7 @@ void CMoruDrawTool::SetPointFontA(int points, double escapement, const char* fac
 
 void CMoruDrawTool::SetPointFontW(int points, double escapement, const wchar_t* face, double orientation)
 {
-    if (!m_gdiSet)
+    if (!HasSelected(m_gdiSet, m_dc))
         return;
     m_pointFontFlag = 1;
     SetFont1W(PointsToTenthMillimetres(points), escapement, face, orientation);
@@ -100,7 +101,7 @@ void CMoruDrawTool::SetPointFontW(int points, double escapement, const wchar_t* 
 
 LOGFONTA* CMoruDrawTool::SetPointFont0A(int pointSize, double angle, const char* face, double /*unused*/)
 {
-    if (!m_gdiSet)
+    if (!HasSelected(m_gdiSet, m_dc))
         return &m_logFontOld;
     m_pointFontFlag = 1;
     CDC& dc = DeviceOf(m_dc);
@@ -123,7 +124,7 @@ LOGFONTA* CMoruDrawTool::SetPointFont0A(int pointSize, double angle, const char*
     m_logFont.lfEscapement = m_logFont.lfOrientation = TenthsOfDegree(angle);
     m_gdiSet->font.CreatePointFontIndirect(&m_logFont, &dc);
 
-    m_gdiSet->oldFont = dc.SelectObject(&m_gdiSet->font);
+    KeepDisplaced(m_gdiSet->oldFont, dc.SelectObject(&m_gdiSet->font));
     return &m_logFontOld;
 }
 

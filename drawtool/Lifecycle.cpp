@@ -35,8 +35,12 @@ void RestoreDevice(CDC& dc, GdiSet& set)
 
 void CMoruDrawTool::Initialize(RECT* rect, int mode)
 {
+    // Without a DC or a GdiSet there is nothing to select and nothing that a
+    // later Finalize could put back: the DC is left alone, only the frame
+    // changes.
+    const bool touchesDevice = m_gdiSet && !IsInert(m_dc);
     CDC& dc = DeviceOf(m_dc);
-    if (m_gdiSet && m_gdiSet->selected)
+    if (touchesDevice && m_gdiSet->selected)
         RestoreDevice(dc, *m_gdiSet);
 
     m_keepYAxis = 1;
@@ -48,25 +52,24 @@ void CMoruDrawTool::Initialize(RECT* rect, int mode)
     } else if (mode == 2) {
         origin = CPoint(m_frame.orgX, WrappingAdd(m_frame.orgY, rect ? rect->bottom : 0));
     }
-    const CPoint oldOrigin = dc.SetViewportOrg(origin.x, origin.y);
-
     m_logBrush = LOGBRUSH{BS_HOLLOW, RGB(255, 255, 255), 0};
-    if (m_gdiSet) {
-        m_gdiSet->oldViewportOrg = oldOrigin;
-        m_gdiSet->selected = true;
+    if (!touchesDevice)
+        return;
 
-        m_gdiSet->pen.Attach(::CreatePen(PS_SOLID, 0, RGB(0, 0, 0)));
-        m_gdiSet->oldPen = dc.SelectObject(&m_gdiSet->pen);
+    m_gdiSet->oldViewportOrg = dc.SetViewportOrg(origin.x, origin.y);
+    m_gdiSet->selected = true;
 
-        // Before the first font call OldFont is null; SetFont1A's re-select
-        // of it then selects nothing, and its selection of the new font
-        // stores the DC's own font in OldFont.
-        SetFont1A(50, 0.0, nullptr, 0.0);
-        ::GetObjectA(m_gdiSet->font.m_hObject, sizeof(LOGFONTA), &m_logFont);
+    m_gdiSet->pen.Attach(::CreatePen(PS_SOLID, 0, RGB(0, 0, 0)));
+    KeepDisplaced(m_gdiSet->oldPen, dc.SelectObject(&m_gdiSet->pen));
 
-        m_gdiSet->brush.Attach(::CreateBrushIndirect(&m_logBrush));
-        m_gdiSet->oldBrush = dc.SelectObject(&m_gdiSet->brush);
-    }
+    // Before the first font call OldFont is null; SetFont1A's re-select of it
+    // then selects nothing, and its selection of the new font stores the DC's
+    // own font in OldFont.
+    SetFont1A(50, 0.0, nullptr, 0.0);
+    ::GetObjectA(m_gdiSet->font.m_hObject, sizeof(LOGFONTA), &m_logFont);
+
+    m_gdiSet->brush.Attach(::CreateBrushIndirect(&m_logBrush));
+    KeepDisplaced(m_gdiSet->oldBrush, dc.SelectObject(&m_gdiSet->brush));
 
     dc.SetTextColor(RGB(0, 0, 0));
     dc.SetBkMode(TRANSPARENT);
@@ -77,7 +80,12 @@ void CMoruDrawTool::Finalize()
 {
     if (!m_gdiSet)
         return;
-    RestoreDevice(DeviceOf(m_dc), *m_gdiSet);
+    // Without a matching Initialize nothing of the tool's is selected and the
+    // viewport origin is the host's own: the DC is not touched. Neither is a
+    // DC that has lost its handles since; the record's objects are deleted
+    // with it.
+    if (m_gdiSet->selected && !IsInert(m_dc))
+        RestoreDevice(DeviceOf(m_dc), *m_gdiSet);
     delete m_gdiSet;
     m_gdiSet = nullptr;
 }

@@ -4,7 +4,7 @@
 
 void CMoruDrawTool::SetPen(int style, int width, COLORREF color)
 {
-    if (!m_gdiSet)
+    if (!HasSelected(m_gdiSet, m_dc))
         return;
     // The pen is deleted while still selected (GDI defers the deletion until
     // it is deselected); the brush setter below re-selects first. Both
@@ -19,7 +19,7 @@ CPen* CMoruDrawTool::GetPen() { return m_gdiSet ? &m_gdiSet->pen : nullptr; }
 COLORREF CMoruDrawTool::GetPenColor()
 {
     LOGPEN logPen = {};
-    if (!m_gdiSet)
+    if (!m_gdiSet || !m_gdiSet->pen.m_hObject)
         return 0;
     ::GetObjectA(m_gdiSet->pen.m_hObject, sizeof(LOGPEN), &logPen);
     return logPen.lopnColor;
@@ -27,7 +27,7 @@ COLORREF CMoruDrawTool::GetPenColor()
 
 void CMoruDrawTool::SetBrush(UINT style, COLORREF color, LONG hatch)
 {
-    if (!m_gdiSet)
+    if (!HasSelected(m_gdiSet, m_dc))
         return;
     CDC& dc = DeviceOf(m_dc);
     dc.SelectObject(m_gdiSet->oldBrush);
@@ -36,7 +36,7 @@ void CMoruDrawTool::SetBrush(UINT style, COLORREF color, LONG hatch)
     m_logBrush.lbStyle = style;
     m_logBrush.lbHatch = static_cast<ULONG_PTR>(static_cast<LONG_PTR>(hatch));
     m_gdiSet->brush.Attach(::CreateBrushIndirect(&m_logBrush));
-    m_gdiSet->oldBrush = dc.SelectObject(&m_gdiSet->brush);
+    KeepDisplaced(m_gdiSet->oldBrush, dc.SelectObject(&m_gdiSet->brush));
 }
 
 CBrush* CMoruDrawTool::GetBrush() { return m_gdiSet ? &m_gdiSet->brush : nullptr; }

@@ -25,8 +25,10 @@ void PutInOrder(RECT& rect)
 
 int CMoruDrawTool::Rectangle(int x1, int y1, int x2, int y2)
 {
+    if (IsInert(m_dc))
+        return 0;
     const RECT box = MapRect(m_frame, RECT{x1, y1, x2, y2});
-    return ::Rectangle(DeviceOf(m_dc).m_hDC, box.left, box.top, box.right, box.bottom);
+    return ::Rectangle(m_dc->m_hDC, box.left, box.top, box.right, box.bottom);
 }
 
 int CMoruDrawTool::Rectangle(const RECT* rect)
@@ -38,6 +40,8 @@ int CMoruDrawTool::Rectangle(POINT p1, POINT p2) { return Rectangle(p1.x, p1.y, 
 
 int CMoruDrawTool::RectanglePolygon(POINT* corners, POINT* shifts)
 {
+    if (IsInert(m_dc))
+        return 0;
     if (!corners)
         return 0;
     // Four points fit on the stack: no allocation that could fail.
@@ -49,13 +53,15 @@ int CMoruDrawTool::RectanglePolygon(POINT* corners, POINT* shifts)
             quad[i].y = SaturateToInt(static_cast<long long>(quad[i].y) + shifts[i].y);
         }
     }
-    return ::Polygon(DeviceOf(m_dc).m_hDC, quad, 4);
+    return ::Polygon(m_dc->m_hDC, quad, 4);
 }
 
 int CMoruDrawTool::Ellipse(int x1, int y1, int x2, int y2)
 {
+    if (IsInert(m_dc))
+        return 0;
     const RECT box = MapRect(m_frame, RECT{x1, y1, x2, y2});
-    return ::Ellipse(DeviceOf(m_dc).m_hDC, box.left, box.top, box.right, box.bottom);
+    return ::Ellipse(m_dc->m_hDC, box.left, box.top, box.right, box.bottom);
 }
 
 int CMoruDrawTool::Ellipse(const RECT* rect)
@@ -65,31 +71,37 @@ int CMoruDrawTool::Ellipse(const RECT* rect)
 
 void CMoruDrawTool::FillRect(const RECT* rect, CBrush* brush)
 {
+    if (IsInert(m_dc))
+        return;
     if (!rect)
         return;
     const RECT box = MapRect(m_frame, *rect);
-    ::FillRect(DeviceOf(m_dc).m_hDC, &box, HandleOf(brush));
+    ::FillRect(m_dc->m_hDC, &box, HandleOf(brush));
 }
 
 void CMoruDrawTool::FillRect2(const RECT* rect) { FillRect(rect, GetBrush()); }
 
 void CMoruDrawTool::FrameRect(const RECT* rect, CBrush* brush)
 {
+    if (IsInert(m_dc))
+        return;
     if (!rect)
         return;
     RECT box = MapRect(m_frame, *rect);
     PutInOrder(box);
-    ::FrameRect(DeviceOf(m_dc).m_hDC, &box, HandleOf(brush));
+    ::FrameRect(m_dc->m_hDC, &box, HandleOf(brush));
 }
 
 void CMoruDrawTool::FrameRect2(const RECT* rect) { FrameRect(rect, GetBrush()); }
 
 void CMoruDrawTool::InvertRect(const RECT* rect)
 {
+    if (IsInert(m_dc))
+        return;
     if (!rect)
         return;
     const RECT box = MapRect(m_frame, *rect);
-    ::InvertRect(DeviceOf(m_dc).m_hDC, &box);
+    ::InvertRect(m_dc->m_hDC, &box);
 }
 
 void CMoruDrawTool::FillSolidRect(int x, int y, int cx, int cy, COLORREF color)
@@ -133,12 +145,16 @@ int CMoruDrawTool::IntersectClipRect(const RECT* rect)
 
 int CMoruDrawTool::ExtFloodFill(int x, int y, COLORREF color, UINT fillType)
 {
-    return ::ExtFloodFill(DeviceOf(m_dc).m_hDC, MapX(m_frame, x), MapY(m_frame, y), color, fillType);
+    if (IsInert(m_dc))
+        return 0;
+    return ::ExtFloodFill(m_dc->m_hDC, MapX(m_frame, x), MapY(m_frame, y), color, fillType);
 }
 
 int CMoruDrawTool::DrawIcon(int x, int y, HICON icon)
 {
-    return ::DrawIcon(DeviceOf(m_dc).m_hDC, MapX(m_frame, x), MapY(m_frame, y), icon);
+    if (IsInert(m_dc))
+        return 0;
+    return ::DrawIcon(m_dc->m_hDC, MapX(m_frame, x), MapY(m_frame, y), icon);
 }
 
 int CMoruDrawTool::DrawIcon(POINT point, HICON icon) { return DrawIcon(point.x, point.y, icon); }

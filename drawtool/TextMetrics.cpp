@@ -5,13 +5,18 @@
 
 namespace {
 
-// The extent of 8-bit text on the DC's output handle, in logical units.
-SIZE ExtentOf(CDC& dc, const CString& text)
+// The extent of 8-bit text on the DC's output handle, in logical units;
+// nothing on an inert DC.
+SIZE ExtentOf(const CDC* dc, const CString& text)
 {
     SIZE size = {0, 0};
-    ::GetTextExtentPoint32A(dc.m_hDC, text.GetString(), text.GetLength(), &size);
+    if (!IsInert(dc))
+        ::GetTextExtentPoint32A(dc->m_hDC, text.GetString(), text.GetLength(), &size);
     return size;
 }
+
+// The DC's alignment call; 0 without a call on an inert DC.
+UINT AlignOn(CDC* dc, UINT align) { return IsInert(dc) ? 0 : dc->SetTextAlign(align); }
 
 // The TA_BASELINE bits (TA_BOTTOM | 16): both set asks for vertical centring.
 constexpr UINT kBaselineBits = TA_BASELINE;
@@ -22,7 +27,7 @@ constexpr UINT kBaselineBits = TA_BASELINE;
 
 double CMoruDrawTool::GetTextWidthA(const char* text)
 {
-    return ExtentOf(DeviceOf(m_dc), CString(text)).cx / m_frame.scaleFact;
+    return ExtentOf(m_dc, CString(text)).cx / m_frame.scaleFact;
 }
 
 double CMoruDrawTool::GetTextWidthW(const wchar_t* text)
@@ -33,7 +38,7 @@ double CMoruDrawTool::GetTextWidthW(const wchar_t* text)
 
 double CMoruDrawTool::GetTextHeightA(const char* text)
 {
-    return ExtentOf(DeviceOf(m_dc), CString(text)).cy / m_frame.scaleFact;
+    return ExtentOf(m_dc, CString(text)).cy / m_frame.scaleFact;
 }
 
 double CMoruDrawTool::GetTextHeightW(const wchar_t* text)
@@ -68,7 +73,7 @@ double CMoruDrawTool::GetCharHeightW(const wchar_t* text)
 UINT CMoruDrawTool::SetTextAlign(UINT align)
 {
     m_textShiftY = 0;
-    return DeviceOf(m_dc).SetTextAlign(align);
+    return AlignOn(m_dc, align);
 }
 
 UINT CMoruDrawTool::SetTextAlignEx(UINT align)
@@ -80,5 +85,5 @@ UINT CMoruDrawTool::SetTextAlignEx(UINT align)
     // current font, measured now and not updated by later font changes.
     const double height = GetTextHeightA("dummy");
     m_textShiftY = WrappingNegate(RoundHalfAway(height * m_frame.scaleFact * 0.5));
-    return DeviceOf(m_dc).SetTextAlign(align & ~kBaselineBits);
+    return AlignOn(m_dc, align & ~kBaselineBits);
 }

@@ -39,11 +39,12 @@ namespace {
 
 // Applies a state setter to the output DC (when distinct) and then to the
 // attribute DC; the attribute DC's answer is the one reported, as in MFC.
+// A null handle is skipped: `none` stands for GDI's answer to it.
 template <class Result, class Set>
 Result OnBothHandles(HDC output, HDC attrib, Result none, Set set)
 {
     Result result = none;
-    if (output != attrib)
+    if (output && output != attrib)
         result = set(output);
     if (attrib)
         result = set(attrib);
@@ -54,11 +55,15 @@ Result OnBothHandles(HDC output, HDC attrib, Result none, Set set)
 
 CPen* CDC::SelectObject(CPen* pen)
 {
+    if (!m_hDC)
+        return nullptr;
     return CPen::FromHandle(static_cast<HPEN>(::SelectObject(m_hDC, CGdiObject::SafeHandle(pen))));
 }
 
 CBrush* CDC::SelectObject(CBrush* brush)
 {
+    if (!m_hDC)
+        return nullptr;
     return CBrush::FromHandle(static_cast<HBRUSH>(::SelectObject(m_hDC, CGdiObject::SafeHandle(brush))));
 }
 
@@ -79,8 +84,9 @@ CPoint CDC::SetViewportOrg(int x, int y)
 
 CPoint CDC::GetViewportOrg() const
 {
-    CPoint origin;
-    ::GetViewportOrgEx(m_hAttribDC, &origin);
+    CPoint origin(0, 0);
+    if (m_hAttribDC)
+        ::GetViewportOrgEx(m_hAttribDC, &origin);
     return origin;
 }
 
@@ -125,7 +131,7 @@ int CDC::SaveDC()
     if (m_hAttribDC)
         saved = ::SaveDC(m_hAttribDC);
     // With two distinct handles only -1 restores both consistently.
-    if (m_hDC != m_hAttribDC && ::SaveDC(m_hDC) != 0)
+    if (m_hDC && m_hDC != m_hAttribDC && ::SaveDC(m_hDC) != 0)
         saved = -1;
     return saved;
 }
@@ -134,7 +140,7 @@ BOOL CDC::RestoreDC(int savedDC)
 {
     BOOL ok = TRUE;
     if (m_hDC != m_hAttribDC)
-        ok = ::RestoreDC(m_hDC, savedDC);
+        ok = m_hDC && ::RestoreDC(m_hDC, savedDC);
     if (m_hAttribDC)
         ok = ok && ::RestoreDC(m_hAttribDC, savedDC);
     return ok;
@@ -149,6 +155,8 @@ CPoint CDC::MoveTo(int x, int y)
 
 BOOL CDC::LineTo(int x, int y)
 {
+    if (!m_hDC)
+        return FALSE;
     if (m_hAttribDC && m_hDC != m_hAttribDC)
         ::MoveToEx(m_hAttribDC, x, y, nullptr);
     return ::LineTo(m_hDC, x, y);
@@ -160,7 +168,7 @@ namespace {
 // to a distinct attribute DC.
 void SyncCurrentPosition(HDC output, HDC attrib)
 {
-    if (!attrib || output == attrib)
+    if (!output || !attrib || output == attrib)
         return;
     POINT at;
     if (::GetCurrentPositionEx(output, &at))
@@ -171,34 +179,36 @@ void SyncCurrentPosition(HDC output, HDC attrib)
 
 BOOL CDC::PolylineTo(const POINT* points, int count)
 {
-    BOOL result = ::PolylineTo(m_hDC, points, static_cast<DWORD>(count));
+    BOOL result = m_hDC && ::PolylineTo(m_hDC, points, static_cast<DWORD>(count));
     SyncCurrentPosition(m_hDC, m_hAttribDC);
     return result;
 }
 
 BOOL CDC::PolyBezierTo(const POINT* points, int count)
 {
-    BOOL result = ::PolyBezierTo(m_hDC, points, static_cast<DWORD>(count));
+    BOOL result = m_hDC && ::PolyBezierTo(m_hDC, points, static_cast<DWORD>(count));
     SyncCurrentPosition(m_hDC, m_hAttribDC);
     return result;
 }
 
 BOOL CDC::PolyDraw(const POINT* points, const BYTE* types, int count)
 {
-    BOOL result = ::PolyDraw(m_hDC, points, types, count);
+    BOOL result = m_hDC && ::PolyDraw(m_hDC, points, types, count);
     SyncCurrentPosition(m_hDC, m_hAttribDC);
     return result;
 }
 
 BOOL CDC::ArcTo(int x1, int y1, int x2, int y2, int x3, int y3, int x4, int y4)
 {
-    BOOL result = ::ArcTo(m_hDC, x1, y1, x2, y2, x3, y3, x4, y4);
+    BOOL result = m_hDC && ::ArcTo(m_hDC, x1, y1, x2, y2, x3, y3, x4, y4);
     SyncCurrentPosition(m_hDC, m_hAttribDC);
     return result;
 }
 
 void CDC::FillSolidRect(int x, int y, int cx, int cy, COLORREF color)
 {
+    if (!m_hDC)
+        return;
     ::SetBkColor(m_hDC, color);
     // The far edges are summed in 64 bits and held in the 32-bit range.
     auto edge = [](int from, int extent) {
@@ -211,7 +221,7 @@ void CDC::FillSolidRect(int x, int y, int cx, int cy, COLORREF color)
 
 void CDC::FillSolidRect(const RECT* rect, COLORREF color)
 {
-    if (!rect)
+    if (!rect || !m_hDC)
         return;
     ::SetBkColor(m_hDC, color);
     ::ExtTextOutA(m_hDC, 0, 0, ETO_OPAQUE, rect, nullptr, 0, nullptr);
@@ -237,17 +247,18 @@ int CDC::IntersectClipRect(const RECT* rect)
 
 BOOL CDC::TextOut(int x, int y, const char* text, int count)
 {
-    return ::TextOutA(m_hDC, x, y, text, count);
+    return m_hDC && ::TextOutA(m_hDC, x, y, text, count);
 }
 
 int CDC::DrawText(const char* text, int count, RECT* rect, UINT format)
 {
-    return ::DrawTextA(m_hDC, text, count, rect, format);
+    return m_hDC ? ::DrawTextA(m_hDC, text, count, rect, format) : 0;
 }
 
 CSize CDC::GetTextExtent(const char* text, int count) const
 {
-    CSize size;
-    ::GetTextExtentPoint32A(m_hAttribDC, text, count, &size);
+    CSize size(0, 0);
+    if (m_hAttribDC)
+        ::GetTextExtentPoint32A(m_hAttribDC, text, count, &size);
     return size;
 }

@@ -4,8 +4,9 @@
 // drawing goes to m_hDC, and members that MFC declares virtual are virtual
 // here too, so a host-derived CDC can intercept them.
 //
-// A CDC with null handles is inert: every member forwards a null HDC to GDI,
-// which fails the call, and nothing crashes.
+// A CDC with null handles is inert: no member hands a null HDC to GDI or
+// user32; each answers what GDI answers for one (FALSE, 0, CLR_INVALID,
+// GDI_ERROR, a null object or the point (0, 0)) without making the call.
 #pragma once
 
 #include "AfxGdi.h"
@@ -55,10 +56,10 @@ public:
     CPoint MoveTo(POINT point) { return MoveTo(point.x, point.y); }
     BOOL LineTo(int x, int y);
     BOOL LineTo(POINT point) { return LineTo(point.x, point.y); }
-    BOOL Polyline(const POINT* points, int count) { return ::Polyline(m_hDC, points, count); }
-    BOOL Polygon(const POINT* points, int count) { return ::Polygon(m_hDC, points, count); }
-    BOOL PolyBezier(const POINT* points, int count) { return ::PolyBezier(m_hDC, points, static_cast<DWORD>(count)); }
-    BOOL PolyPolyline(const POINT* points, const DWORD* counts, int polylines) { return ::PolyPolyline(m_hDC, points, counts, static_cast<DWORD>(polylines)); }
+    BOOL Polyline(const POINT* points, int count) { return m_hDC && ::Polyline(m_hDC, points, count); }
+    BOOL Polygon(const POINT* points, int count) { return m_hDC && ::Polygon(m_hDC, points, count); }
+    BOOL PolyBezier(const POINT* points, int count) { return m_hDC && ::PolyBezier(m_hDC, points, static_cast<DWORD>(count)); }
+    BOOL PolyPolyline(const POINT* points, const DWORD* counts, int polylines) { return m_hDC && ::PolyPolyline(m_hDC, points, counts, static_cast<DWORD>(polylines)); }
     BOOL PolylineTo(const POINT* points, int count);
     BOOL PolyBezierTo(const POINT* points, int count);
     BOOL PolyDraw(const POINT* points, const BYTE* types, int count);

@@ -3,16 +3,29 @@
 // own: every result is in the unit of the values passed in.
 //
 // The nice-number rules work on the decade unit u of |x| and the mantissa
-// m = |x| / u, which lies in [1, 10) except at the powers 0.1, 0.01, ...,
-// where it is exactly 10 (see DecadeUnit). The decade exponent comes from
-// the runtime's log10; the powers of ten are correctly rounded.
+// m = |x| / u, with the decade exponent trunc(log10(|x|)) taken in doubles
+// from the runtime's log10 (the powers of ten themselves are correctly
+// rounded). The rule is kept exactly, so m lies in [1, 10) except at two
+// kinds of place, where the tables below apply to m as it is:
+// - At the powers 0.1, 0.01, ... m is exactly 10 (see DecadeUnit).
+// - Within a few ulps of a power of ten 10^k, where log10 already rounds to
+//   k, the unit is a decade off: just below 10^k (k >= 1) m is just below 1,
+//   just above 10^k (k <= -1) m is just above 10. Results can then lie on
+//   the other side of the input: NiceCeil and NiceStep of a value a few ulps
+//   above 1e-5 return 10 times the unit 1e-6, which is the double next below
+//   1e-5 and so below the input, and NiceFloor of its negation the same
+//   value negated, above it; just below 100, NiceFloor drops to 50 and
+//   NiceTickStep to 10. Every function that takes a mantissa (NiceDivisions and the
+//   others too) sees the same m.
 #pragma once
 
 /// The decade unit of x > 0: 10^e, correctly rounded as a correctly rounded
 /// pow(10, e) gives it, with e = trunc(log10(x)), less 1 when x < 1.
 /// So [1, 10) -> 1, (0.1, 1) -> 0.1, and exactly 0.1 -> 0.01 (the
 /// mantissa 0.1 / 0.01 is then 10; intended, the nice-number tables rely on
-/// it). Outside the domain: 0 -> 0, +infinity -> +infinity, negative or
+/// it). Within a few ulps of a power of ten the unit may be a decade off
+/// (see above: a few ulps above 1e-5 gives 1e-6, a few below 100 gives 100).
+/// Outside the domain: 0 -> 0, +infinity -> +infinity, negative or
 /// NaN -> NaN; below about 1e-323 the unit underflows to 0.
 double DecadeUnit(double x);
 

@@ -4,6 +4,7 @@ drawtool_test_program(drawtool_tests
   drawtool/ArrowsTicksTest.cpp
   drawtool/DllEntryTest.cpp
   drawtool/FontsTest.cpp
+  drawtool/HostileCallsTest.cpp
   drawtool/LifecycleTest.cpp
   drawtool/LinesTest.cpp
   drawtool/MappingTest.cpp

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <climits>
 #include <cmath>
+#include <iomanip>
 #include <random>
 #include <sstream>
 
@@ -107,6 +108,32 @@ TEST(AxisScalingAndStepRounding, TablesAndTheCountingRule)
             << "sample " << i << ": n " << n << ", min " << min << ", max " << max;
     }
     EXPECT_GT(secondPasses, samples / 10) << "the sample must exercise the second pass";
+}
+
+TEST(AxisScalingAndStepRounding, AFewUlpsFromAPowerOfTenTheUnitIsADecadeOffAndResultsCrossTheInput)
+{
+    // The decade rule is kept as it is (trunc of log10 in doubles); log10
+    // rounds these inputs to -5 and 2, so the mantissa is just above 10 or
+    // just below 1. Exact comparisons; 10 times the unit 1e-6 is the double
+    // next below 1e-5.
+    const double above = std::nextafter(1e-5, 1.0), below = std::nextafter(100.0, 0.0);
+    const double justBelow1e5 = 9.9999999999999991e-06;
+    ASSERT_EQ(-5.0, std::log10(above)) << "this runtime's log10 does not round here";
+    ASSERT_EQ(2.0, std::log10(below)) << "this runtime's log10 does not round here";
+    const struct { const char* what; double got, expected; } cases[] = {
+        {"DecadeUnit(above 1e-5)", DecadeUnit(above), 1e-6},
+        {"NiceCeil(above 1e-5)", NiceCeil(above), justBelow1e5},
+        {"NiceStep(above 1e-5)", NiceStep(above), justBelow1e5},
+        {"NiceFloor(-above 1e-5)", NiceFloor(-above), -justBelow1e5},
+        {"DecadeUnit(below 100)", DecadeUnit(below), 100},
+        {"NiceFloor(below 100)", NiceFloor(below), 50},
+        {"NiceTickStep(below 100)", NiceTickStep(below), 10},
+        {"NiceCeil(below 100)", NiceCeil(below), 100},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(c.expected, c.got) << c.what << std::setprecision(17) << ": expected " << c.expected << ", got " << c.got;
+    EXPECT_LT(NiceCeil(above), above) << "NiceCeil lands below its input";
+    EXPECT_GT(NiceFloor(-above), -above) << "NiceFloor lands above its input";
 }
 
 TEST(GeodesyFittingAndPlaneGeometry, WorkedExamplesAndBoundaries)
