@@ -4,25 +4,25 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <string>
 #include <vector>
 
 namespace {
 
-/// The formats on the clipboard in the order the system lists them.
-std::vector<UINT> Formats()
+/// The formats the last writer put on the clipboard: those listed before the locale (16) that the system
+/// adds (Wine lists formats it synthesizes, such as Unicode text from CF_TEXT, after the locale).
+std::vector<UINT> PlacedFormats()
 {
     std::vector<UINT> formats;
     if (OpenClipboard(nullptr)) {
-        for (UINT format = EnumClipboardFormats(0); format; format = EnumClipboardFormats(format))
+        for (UINT format = EnumClipboardFormats(0); format && format != CF_LOCALE; format = EnumClipboardFormats(format))
             formats.push_back(format);
         CloseClipboard();
     }
     return formats;
 }
 
-/// The bytes of one clipboard format up to its first zero character (element size: char or wchar_t).
+/// One clipboard format's text up to its terminator (char or wchar_t).
 template <typename Char>
 std::basic_string<Char> Data(UINT format)
 {
@@ -39,13 +39,14 @@ std::basic_string<Char> Data(UINT format)
 
 } // namespace
 
-// Text set here reads back here and in the peer, with the OEM form of non-ASCII characters and, when
+// Text set here reads back here and in the peer, with the OEM form of non-ASCII characters and, only when
 // asked, the Unicode form; text the peer sets reads back here.
 TEST(Clipboard, TextRoundTripsHereAndThroughASecondProcess)
 {
     const std::string text = "Gr\xfc\xdf" "e \xe9";       // "Grüße é" in code page 1252
     ASSERT_EQ(SetClipboardText(nullptr, text.c_str(), 1), 1);
     EXPECT_EQ(std::string(GetClipboardText(nullptr)), text);
+    EXPECT_EQ(PlacedFormats(), (std::vector<UINT>{CF_TEXT, CF_OEMTEXT, CF_UNICODETEXT}));
     // The prefix's code pages follow the host's locale; these are those of an English one.
     if (GetACP() == 1252 && GetOEMCP() == 437) {
         EXPECT_EQ(Data<wchar_t>(CF_UNICODETEXT), L"Gr\u00fc\u00dfe \u00e9");
@@ -59,27 +60,14 @@ TEST(Clipboard, TextRoundTripsHereAndThroughASecondProcess)
 
     EXPECT_EQ(RunPeer("set \"from the peer\" 0", output), 1);
     EXPECT_EQ(std::string(GetClipboardText(nullptr)), "from the peer");
+    EXPECT_EQ(PlacedFormats(), (std::vector<UINT>{CF_TEXT, CF_OEMTEXT}));
     ASSERT_EQ(SetClipboardText(nullptr, nullptr, 0), 1);
     EXPECT_EQ(std::string(GetClipboardText(nullptr)), "") << "a null text";
 }
 
-// The formats put on the clipboard come first in the system's list, before the locale (16) that it adds;
-// Unicode text (13) is among them only when asked for (Wine then lists it after the locale, as synthesized).
-TEST(Clipboard, UnicodeTextIsOfferedOnlyWhenAsked)
-{
-    const auto placed = [](UINT alsoUnicode) {
-        SetClipboardText(nullptr, "formats", alsoUnicode);
-        std::vector<UINT> formats = Formats();
-        const auto locale = std::find(formats.begin(), formats.end(), UINT{CF_LOCALE});
-        return std::vector<UINT>(formats.begin(), locale);
-    };
-    EXPECT_EQ(placed(0), (std::vector<UINT>{CF_TEXT, CF_OEMTEXT}));
-    EXPECT_EQ(placed(7), (std::vector<UINT>{CF_TEXT, CF_OEMTEXT, CF_UNICODETEXT}));
-}
-
-// An empty clipboard gives empty text; while the peer holds the clipboard open, reading gives empty text and
-// setting gives 0, and the text already there survives.
-TEST(Clipboard, EmptyOrHeldClipboardGivesEmptyTextAndZero)
+// While the peer holds the clipboard open, reading gives empty text and setting gives 0, and the text
+// already there survives; an empty clipboard gives empty text.
+TEST(Clipboard, HeldOrEmptyClipboardGivesEmptyTextAndZero)
 {
     ASSERT_EQ(SetClipboardText(nullptr, "kept", 0), 1);
     {
