@@ -61,8 +61,9 @@ TEST(Clipboard, TextRoundTripsHereAndThroughASecondProcess)
     EXPECT_EQ(RunPeer("set \"from the peer\" 0", output), 1);
     EXPECT_EQ(std::string(GetClipboardText(nullptr)), "from the peer");
     EXPECT_EQ(PlacedFormats(), (std::vector<UINT>{CF_TEXT, CF_OEMTEXT}));
-    ASSERT_EQ(SetClipboardText(nullptr, nullptr, 0), 1);
+    ASSERT_EQ(SetClipboardText(nullptr, nullptr, 1), 1);
     EXPECT_EQ(std::string(GetClipboardText(nullptr)), "") << "a null text";
+    EXPECT_EQ(PlacedFormats(), (std::vector<UINT>{CF_TEXT, CF_OEMTEXT, CF_UNICODETEXT})) << "a null text";
 }
 
 // While the peer holds the clipboard open, reading gives empty text and setting gives 0, and the text

@@ -78,6 +78,8 @@ TEST(FileTimes, StampsReadBackAsTimeValuesAndBefore1900AsZero)
         EXPECT_EQ(result, 0) << row.why;
     }
     CloseHandle(held);
+    TimesOf(path, result);
+    EXPECT_EQ(result, 1) << "read again: no handle is left open";
 
     // ext4 keeps nothing before 1901; a tmpfs keeps any stamp.
     const std::string early = "Z:\\dev\\shm\\system_tests_1850.txt";

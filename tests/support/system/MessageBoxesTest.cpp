@@ -37,6 +37,7 @@ TEST(MessageBoxes, FormattedTextUpTo4096CharactersElseEmpty)
         [](const wchar_t*, const wchar_t*, const wchar_t*, unsigned, uintptr_t) { ++Raised; });
     EXPECT_EQ(MessageBoxF("%s has %d items, %.2f%%", MB_YESNO | MB_ICONQUESTION, 77, "list", 3, 12.5), IDRETRY);
     MessageBoxF("%s", MB_OK, -1, longest.c_str());
+    MessageBoxF("", MB_OK, 0);
     EXPECT_EQ(Raised, 0);
     MessageBoxF("%s", MB_OK, 0, tooLong.c_str());
     EXPECT_EQ(Raised, 1) << "over-long text";
@@ -44,7 +45,7 @@ TEST(MessageBoxes, FormattedTextUpTo4096CharactersElseEmpty)
     MessageBoxF(nullptr, MB_ICONSTOP, 2);
     _set_invalid_parameter_handler(previous);
     EXPECT_EQ(Raised, 3) << "over-long texts and a null format";
-    EXPECT_EQ(app.boxes, (std::vector<std::string>{"list has 3 items, 12.50%|36|77", longest + "|0|4294967295",
+    EXPECT_EQ(app.boxes, (std::vector<std::string>{"list has 3 items, 12.50%|36|77", longest + "|0|4294967295", "|0|0",
                                                    "|0|0", "|0|0", "|16|2"}));
 }
 
