@@ -30,7 +30,7 @@ int ReadVersionParts(DWORD (&parts)[4], size_t firstWord)
     const HMODULE module = AfxGetResourceHandle();
     if (!module)
         return 0;
-    const HRSRC found = FindResourceA(module, MAKEINTRESOURCEA(1), MAKEINTRESOURCEA(16));
+    const HRSRC found = FindResourceA(module, MAKEINTRESOURCEA(1), MAKEINTRESOURCEA(16)); // RT_VERSION
     if (!found)
         return 0;
     const DWORD size = SizeofResource(module, found);
@@ -41,8 +41,9 @@ int ReadVersionParts(DWORD (&parts)[4], size_t firstWord)
     if (!bytes || size == ScanSizeAllowance)
         return 0;
 
-    // The step bound counts words against bytes; it is kept as it is. The
-    // record must also lie wholly inside the resource, whatever its size.
+    // The step bound compares a count of words with a count of bytes; that is
+    // intended and only matters for malformed resources. The record must also
+    // lie wholly inside the resource, whatever its size.
     const size_t wordsWithRoom = size >= FixedRecordBytes ? (size - FixedRecordBytes) / sizeof(DWORD) + 1 : 0;
     size_t step = 0;
     for (;; ++step) {
