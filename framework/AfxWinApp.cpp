@@ -3,6 +3,7 @@
 namespace {
 
 CWinApp* CurrentApp = nullptr;
+HINSTANCE ResourceModule = nullptr;
 
 /// The busy-cursor count of a module without an application object.
 class FallbackApp : public CWinApp {
@@ -69,6 +70,26 @@ void CWinApp::DoWaitCursor(int nCode)
         m_nWaitCursorCount = 0;
         SetCursor(m_hcurWaitCursorRestore);
     }
+}
+
+HINSTANCE AfxGetInstanceHandle()
+{
+    // The module that holds this code: each module linking the framework has
+    // its own, as each MFC module has its own module state.
+    HMODULE module = nullptr;
+    GetModuleHandleExA(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
+                       reinterpret_cast<const char*>(&AfxGetInstanceHandle), &module);
+    return module;
+}
+
+HINSTANCE AfxGetResourceHandle()
+{
+    return ResourceModule ? ResourceModule : AfxGetInstanceHandle();
+}
+
+void AfxSetResourceHandle(HINSTANCE hInstResource)
+{
+    ResourceModule = hInstResource;
 }
 
 CWinApp* AfxGetApp()

@@ -52,6 +52,18 @@ private:
 /// The module's current application object, or null when none exists.
 CWinApp* AfxGetApp();
 
+/// The module the calling code is linked into (the executable, or the DLL
+/// that carries the framework), as MFC's module state holds it.
+HINSTANCE AfxGetInstanceHandle();
+
+/// The module whose resources the framework loads: the module itself unless
+/// AfxSetResourceHandle chose another (for example a resource-only DLL).
+HINSTANCE AfxGetResourceHandle();
+
+/// Makes resources come from hInstResource. A null handle makes them come
+/// from the module itself again (MFC asserts on null instead).
+void AfxSetResourceHandle(HINSTANCE hInstResource);
+
 /// The message box of the current application's DoMessageBox; without an
 /// application object, the base's box with no caption. Returns the button.
 int AfxMessageBox(const char* lpszText, UINT nType = MB_OK, UINT nIDHelp = 0);

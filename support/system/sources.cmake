@@ -1,4 +1,11 @@
 set(SUPPORT_SYSTEM_SOURCES
+  system/Clipboard.cpp
+  system/FileTimes.cpp
+  system/MessageBoxes.cpp
+  system/ShellFolders.cpp
+  system/VersionInfo.cpp
 )
 set(SUPPORT_SYSTEM_LIBRARIES
+  shell32
+  version
 )

@@ -1,8 +1,27 @@
 # The system services (paths, directory trees, processes, version and file
 # information, desktop services): one program, one Wine start.
 set(SYSTEM_TEST_SOURCES
+  support/system/ClipboardTest.cpp
+  support/system/FileTimesTest.cpp
+  support/system/MessageBoxesTest.cpp
+  support/system/PeerProcess.cpp
+  support/system/ShellFoldersTest.cpp
+  support/system/SystemTests.rc
+  support/system/VersionInfoTest.cpp
 )
 if(SYSTEM_TEST_SOURCES)
   drawtool_test_program(system_tests ${SYSTEM_TEST_SOURCES})
   target_link_libraries(system_tests PRIVATE support)
 endif()
+
+# The second process of the clipboard and version tests (a version block
+# without LegalCopyright), and a module without any version resource.
+add_executable(system_peer support/system/SystemPeer.cpp support/system/SystemPeer.rc)
+target_link_libraries(system_peer PRIVATE support)
+add_library(no_version SHARED support/system/NoVersion.c)
+set_target_properties(no_version PROPERTIES PREFIX "")
+add_dependencies(system_tests system_peer no_version drawtool)
+target_compile_definitions(system_tests PRIVATE
+  DRAWTOOL_VERSION_MAJOR=${PROJECT_VERSION_MAJOR}
+  DRAWTOOL_VERSION_MINOR=${PROJECT_VERSION_MINOR}
+  DRAWTOOL_VERSION_PATCH=${PROJECT_VERSION_PATCH})

@@ -1,0 +1,2 @@
+/* A module without a version resource. */
+int NoVersionModule(void) { return 0; }
