@@ -4,3 +4,8 @@
 
 #include "support/system/PathText.h"
 #include "support/system/Paths.h"
+#include "support/system/ProcessClose.h"
+#include "support/system/ProcessExitCode.h"
+#include "support/system/ProcessLaunch.h"
+#include "support/system/ProcessQuery.h"
+#include "support/system/ProcessWait.h"

@@ -1,7 +1,14 @@
 set(SUPPORT_SYSTEM_SOURCES
   system/Paths.cpp
   system/PathText.cpp
+  system/ProcessClose.cpp
+  system/ProcessExitCode.cpp
+  system/ProcessLaunch.cpp
+  system/ProcessQuery.cpp
+  system/ProcessWait.cpp
 )
 set(SUPPORT_SYSTEM_LIBRARIES
   shlwapi
+  psapi
+  shell32
 )
