@@ -2,8 +2,19 @@
 # information, desktop services): one program, one Wine start.
 set(SYSTEM_TEST_SOURCES
   support/system/PathsTest.cpp
+  support/system/ProcessControlTest.cpp
+  support/system/ProcessLaunchTest.cpp
 )
 if(SYSTEM_TEST_SOURCES)
   drawtool_test_program(system_tests ${SYSTEM_TEST_SOURCES})
   target_link_libraries(system_tests PRIVATE support)
 endif()
+
+# The child programs the process tests start, built beside system_tests
+# (bin/), where the tests look for them.
+set(SYSTEM_TEST_CHILDREN child_echo child_exit child_sleep child_window)
+add_executable(child_echo support/system/children/ChildEcho.cpp)
+add_executable(child_exit support/system/children/ChildExit.cpp)
+add_executable(child_sleep support/system/children/ChildSleep.cpp)
+add_executable(child_window support/system/children/ChildWindow.cpp)
+add_dependencies(system_tests ${SYSTEM_TEST_CHILDREN})

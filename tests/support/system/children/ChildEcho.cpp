@@ -1,0 +1,34 @@
+// Test child: writes what it was started with to the file named by the
+// environment variable CHILD_ECHO_FILE (default "child_echo.txt" in its
+// current directory), one line each: the command line exactly as the system
+// passed it, the current directory and the variable CHILD_ECHO_MARK ("" when
+// unset). The file appears complete at once.
+#include <windows.h>
+
+#include <cstdio>
+#include <string>
+
+static std::string Variable(const char* name)
+{
+    char value[4096] = "";
+    const DWORD length = GetEnvironmentVariableA(name, value, sizeof(value));
+    return length > 0 && length < sizeof(value) ? value : "";
+}
+
+int main()
+{
+    std::string file = Variable("CHILD_ECHO_FILE");
+    if (file.empty())
+        file = "child_echo.txt";
+    char dir[MAX_PATH] = "";
+    GetCurrentDirectoryA(MAX_PATH, dir);
+    const std::string text = std::string(GetCommandLineA()) + "\n" + dir + "\n" + Variable("CHILD_ECHO_MARK") + "\n";
+
+    const std::string partial = file + ".part";
+    FILE* out = std::fopen(partial.c_str(), "wb");
+    if (!out)
+        return 2;
+    std::fwrite(text.data(), 1, text.size(), out);
+    std::fclose(out);
+    return MoveFileExA(partial.c_str(), file.c_str(), MOVEFILE_REPLACE_EXISTING) ? 0 : 2;
+}
