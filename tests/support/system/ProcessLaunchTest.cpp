@@ -88,7 +88,9 @@ TEST(ProcessLaunch, CommandLineQuotesOnlyPathArgumentsWithBlanks)
     }
     const int id = LaunchProcess(program.c_str(), arguments, "", SW_HIDE, 0, nullptr);
     ASSERT_NE(0, id);
-    EXPECT_EQ(expected, echo.Take(id)[0]);
+    const std::vector<std::string> lines = echo.Take(id);
+    EXPECT_EQ(expected, lines[0]);
+    EXPECT_EQ("1 0", lines[3].substr(0, 3)) << "start-up flags and show value";
 }
 
 TEST(ProcessLaunch, LongExistingPathArgumentKeepsItsLongForm)
@@ -198,6 +200,15 @@ TEST(ProcessLaunch, ErrorFileReceivesOnlyStandardErrorAndIsTruncatedFirst)
     CloseHandle(process);
     EXPECT_EQ("handle", ReadFileText(errors));
 
+    // Only standard error is set, and the show value arrives with its flag.
+    const std::string echoed = dir / "echo.txt";
+    SetEnvironmentVariableA("CHILD_ECHO_FILE", echoed.c_str());
+    const int id = LaunchProcess(ChildPath("child_echo.exe").c_str(), {}, "", SW_SHOWMINNOACTIVE, 0, errors.c_str());
+    ASSERT_NE(0, id);
+    EXPECT_TRUE(WaitForExit(id));
+    EXPECT_EQ("101 7 001", EchoLines(echoed)[3]) << "start-up flags, show value, standard handles set";
+    SetEnvironmentVariableA("CHILD_ECHO_FILE", nullptr);
+
     // An error file that cannot be created: the child runs all the same.
     const std::string unmade = dir / "missing\\errors.txt";
     ASSERT_NE(0, LaunchProcessInfo(&info, program.c_str(), {"8", "lost"}, "", SW_HIDE, 0, unmade.c_str(), nullptr));
@@ -262,7 +273,15 @@ TEST(ProcessWait, RunProcessAndWaitReturnsTheExitCodeOrOneWithItsMessage)
             boxes.push_back(std::to_string(type) + ":" + prompt);
             return IDOK;
         }
+        void DoWaitCursor(int code) override
+        {
+            cursor += code;
+            shown += code > 0;
+            CWinApp::DoWaitCursor(code);
+        }
         std::vector<std::string> boxes;
+        int cursor = 0;   // shown minus ended
+        int shown = 0;
     } app;
     const std::string program = ChildPath("child_exit.exe");
     EXPECT_EQ(42, RunProcessAndWait(program.c_str(), {"42"}, "", SW_HIDE, 0, 1));
@@ -271,6 +290,8 @@ TEST(ProcessWait, RunProcessAndWaitReturnsTheExitCodeOrOneWithItsMessage)
     EXPECT_TRUE(app.boxes.empty()) << app.boxes.size() << " boxes, first: " << app.boxes.front();
     EXPECT_EQ(1, RunProcessAndWait(" no_such.exe", {}, "", SW_HIDE, 0, 1));
     EXPECT_EQ(std::vector<std::string>{"0:Error. The process not created.\n[ no_such.exe]"}, app.boxes);
+    EXPECT_GE(app.shown, 4) << "each launch shows the wait cursor";
+    EXPECT_EQ(0, app.cursor) << "and ends it, also when the launch fails";
 }
 
 TEST(ProcessLaunch, ShellOpenStartsAProgramWithItsParameters)
@@ -285,6 +306,7 @@ TEST(ProcessLaunch, ShellOpenStartsAProgramWithItsParameters)
     EXPECT_NE(std::string::npos, commandLine.find("child_echo.exe")) << commandLine;
     EXPECT_EQ(" shell \"x y\"", commandLine.substr(commandLine.size() - std::min<size_t>(12, commandLine.size())));
 
+    EXPECT_FALSE(ShellOpen(nullptr, (dir / "no_such_program.exe").c_str(), nullptr)) << "a missing file";
     EXPECT_FALSE(ShellOpen(nullptr, nullptr, nullptr));
     EXPECT_FALSE(ShellOpen(nullptr, "", "x"));
     EXPECT_FALSE(IsWow64()) << "a 64-bit process";

@@ -1,8 +1,10 @@
 // Test child: writes what it was started with to the file named by the
 // environment variable CHILD_ECHO_FILE (default "child_echo.txt" in its
 // current directory), one line each: the command line exactly as the system
-// passed it, the current directory and the variable CHILD_ECHO_MARK ("" when
-// unset). The file appears complete at once.
+// passed it, the current directory, the variable CHILD_ECHO_MARK ("" when
+// unset), and its start-up record: "FLAGS SHOW IOE", the flags in hex, the
+// show value, then 1 or 0 for each of standard input, output and error that
+// is set ("101 7 001"). The file appears complete at once.
 #include <windows.h>
 
 #include <cstdio>
@@ -22,7 +24,15 @@ int main()
         file = "child_echo.txt";
     char dir[MAX_PATH] = "";
     GetCurrentDirectoryA(MAX_PATH, dir);
-    const std::string text = std::string(GetCommandLineA()) + "\n" + dir + "\n" + Variable("CHILD_ECHO_MARK") + "\n";
+    STARTUPINFOA startup = {};
+    startup.cb = sizeof(startup);
+    GetStartupInfoA(&startup);
+    char record[64];
+    std::snprintf(record, sizeof(record), "%lx %u %d%d%d", startup.dwFlags, startup.wShowWindow,
+                  GetStdHandle(STD_INPUT_HANDLE) != nullptr, GetStdHandle(STD_OUTPUT_HANDLE) != nullptr,
+                  GetStdHandle(STD_ERROR_HANDLE) != nullptr);
+    const std::string text =
+        std::string(GetCommandLineA()) + "\n" + dir + "\n" + Variable("CHILD_ECHO_MARK") + "\n" + record + "\n";
 
     const std::string partial = file + ".part";
     FILE* out = std::fopen(partial.c_str(), "wb");
