@@ -7,10 +7,12 @@
 // runs and ends it on every path out.
 //
 // Command line of LaunchProcess, LaunchProcessInfo and LaunchProcessEnv:
-// - program is trimmed. When a file of that name exists it is the
-//   application name and the command line is "" for an empty argument list;
-//   otherwise the system searches for the program ("child.exe" is looked up
-//   in the launching program's folder, the current folder and PATH).
+// - program is trimmed. When a file of that name exists (a relative name:
+//   in the current directory) it is the application name, and the command
+//   line is "" for an empty argument list (Wine hands such a child its quoted
+//   application name instead). Otherwise the system searches for the program
+//   in its usual order: the launching program's folder, the current folder,
+//   the system folders, PATH.
 // - With arguments, or when the program was not found as a file, the
 //   command line starts with the program in double quotes.
 // - Each argument is trimmed; an empty one is dropped. An argument is a

@@ -75,13 +75,13 @@ inline std::string ReadFileText(const std::string& path)
 }
 
 /// The lines of what child_echo wrote: command line, current directory,
-/// CHILD_ECHO_MARK, start-up record.
+/// CHILD_ECHO_MARK, start-up record, its own executable.
 inline std::vector<std::string> EchoLines(const std::string& path)
 {
     std::vector<std::string> lines;
     std::istringstream text(ReadFileText(path));
     for (std::string line; std::getline(text, line);)
         lines.push_back(line);
-    lines.resize(4);
+    lines.resize(5);
     return lines;
 }

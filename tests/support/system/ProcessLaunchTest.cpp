@@ -145,6 +145,17 @@ TEST(ProcessLaunch, ExistingProgramWithoutArgumentsGetsAnEmptyCommandLine)
         ASSERT_NE(0, id) << row.what;
         EXPECT_EQ(row.commandLine, echo.Take(id)[0]) << row.what;
     }
+
+    // A name found as a file in the current directory is that file, not the
+    // one the system's search meets first (the launching program's folder).
+    ASSERT_TRUE(CopyFileA(program.c_str(), (dir / "child_echo.exe").c_str(), FALSE));
+    char current[MAX_PATH] = "";
+    GetCurrentDirectoryA(MAX_PATH, current);
+    SetCurrentDirectoryA(dir.Path().c_str());
+    const int id = LaunchProcess("child_echo.exe", {}, "", SW_HIDE, 0, nullptr);
+    SetCurrentDirectoryA(current);
+    ASSERT_NE(0, id);
+    EXPECT_EQ(dir / "child_echo.exe", echo.Take(id)[4]);
 }
 
 TEST(ProcessLaunch, WorkingDirectoryLosesTrailingBackslashesAndDefaultsToCurrent)

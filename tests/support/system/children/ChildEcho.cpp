@@ -4,7 +4,8 @@
 // passed it, the current directory, the variable CHILD_ECHO_MARK ("" when
 // unset), and its start-up record: "FLAGS SHOW IOE", the flags in hex, the
 // show value, then 1 or 0 for each of standard input, output and error that
-// is set ("101 7 001"). The file appears complete at once.
+// is set ("101 7 001"); and the path of its own executable. The file
+// appears complete at once.
 #include <windows.h>
 
 #include <cstdio>
@@ -31,8 +32,10 @@ int main()
     std::snprintf(record, sizeof(record), "%lx %u %d%d%d", startup.dwFlags, startup.wShowWindow,
                   GetStdHandle(STD_INPUT_HANDLE) != nullptr, GetStdHandle(STD_OUTPUT_HANDLE) != nullptr,
                   GetStdHandle(STD_ERROR_HANDLE) != nullptr);
-    const std::string text =
-        std::string(GetCommandLineA()) + "\n" + dir + "\n" + Variable("CHILD_ECHO_MARK") + "\n" + record + "\n";
+    char self[MAX_PATH] = "";
+    GetModuleFileNameA(nullptr, self, MAX_PATH);
+    const std::string text = std::string(GetCommandLineA()) + "\n" + dir + "\n" + Variable("CHILD_ECHO_MARK") +
+                             "\n" + record + "\n" + self + "\n";
 
     const std::string partial = file + ".part";
     FILE* out = std::fopen(partial.c_str(), "wb");
