@@ -34,7 +34,8 @@ int GetProcessExitCodeByHandle(HANDLE process);
 /// ExitCodeUnknown for a null pointer or a process that cannot be opened.
 /// A null executable counts as "". An executable whose directory, name or
 /// extension exceeds 255 characters raises the invalid-parameter condition
-/// (support/InvalidParameter.h) and then compares as "".
+/// (support/InvalidParameter.h: without a host handler the process ends;
+/// with one, its file name compares as "").
 int GetProcessExitCodeByName(const int* processId, const char* executable);
 
 /// Returns *code, or 0 for a null code; terminates the process behind
