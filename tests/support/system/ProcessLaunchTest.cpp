@@ -56,19 +56,23 @@ int ProcessIdOf(HANDLE process)
 
 } // namespace
 
-TEST(ProcessLaunch, CommandLineQuotesOnlyPathArgumentsWithBlanks)
+TEST(ProcessLaunch, CommandLineQuotesOnlyShortPathArgumentsWithBlanks)
 {
     const ScratchDir dir("launch_args");
     const EchoFile echo(dir);
     const std::string program = ChildPath("child_echo.exe");
+    const std::string folder = std::string(120, 'd') + " x\\" + std::string(120, 'e');
+    dir.Write(folder + "\\long file.txt");
+    const std::string longFile = dir / (folder + "\\long file.txt"), longMissing = dir / (folder + "\\no file.txt");
+    ASSERT_GT(longFile.size(), 260u);
     struct Row {
-        const char* argument;
-        const char* passed;   // null: dropped
+        std::string argument;
+        std::string passed;   // "": dropped
     };
     const Row rows[] = {
         {"  plain\t", "plain"},
-        {"", nullptr},
-        {" \t ", nullptr},
+        {"", ""},
+        {" \t ", ""},
         {"two words", "two words"},                                // not a path: unchanged
         {"say \"hi\"", "say \"hi\""},                               // quotes are not escaped
         {" C:\\My Files\\a.txt ", "\"C:\\My Files\\a.txt\""},       // path with a blank
@@ -78,34 +82,21 @@ TEST(ProcessLaunch, CommandLineQuotesOnlyPathArgumentsWithBlanks)
         {":\\a b", ":\\a b"},                                       // ":\" at index 0 only
         {"C:\\dir\\", "C:\\dir\\"},                                 // trailing backslash kept
         {"C:\\a b\\", "\"C:\\a b\\\""},                             // quoted as it is
+        {longFile, longFile},                                       // long and existing: as it is
+        {longMissing, "\"" + longMissing + "\""},                    // long, no such file
     };
     std::vector<CString> arguments;
     std::string expected = "\"" + program + "\"";
     for (const Row& row : rows) {
-        arguments.push_back(row.argument);
-        if (row.passed)
-            expected += std::string(" ") + row.passed;
+        arguments.push_back(row.argument.c_str());
+        if (!row.passed.empty())
+            expected += " " + row.passed;
     }
     const int id = LaunchProcess(program.c_str(), arguments, "", SW_HIDE, 0, nullptr);
     ASSERT_NE(0, id);
     const std::vector<std::string> lines = echo.Take(id);
     EXPECT_EQ(expected, lines[0]);
     EXPECT_EQ("1 0", lines[3].substr(0, 3)) << "start-up flags and show value";
-}
-
-TEST(ProcessLaunch, LongExistingPathArgumentKeepsItsLongForm)
-{
-    const ScratchDir dir("launch_long");
-    const EchoFile echo(dir);
-    const std::string folder = std::string(120, 'd') + " x\\" + std::string(120, 'e');
-    dir.Write(folder + "\\long file.txt");
-    const std::string existing = dir / (folder + "\\long file.txt");
-    const std::string missing = dir / (folder + "\\no file.txt");
-    ASSERT_GT(existing.size(), 260u);
-    const std::string program = ChildPath("child_echo.exe");
-    const int id = LaunchProcess(program.c_str(), {existing.c_str(), missing.c_str()}, "", SW_HIDE, 0, nullptr);
-    ASSERT_NE(0, id);
-    EXPECT_EQ("\"" + program + "\" " + existing + " \"" + missing + "\"", echo.Take(id)[0]);
 }
 
 TEST(ProcessLaunch, ExistingProgramWithoutArgumentsGetsAnEmptyCommandLine)
