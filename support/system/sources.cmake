@@ -2,10 +2,19 @@ set(SUPPORT_SYSTEM_SOURCES
   system/Clipboard.cpp
   system/FileTimes.cpp
   system/MessageBoxes.cpp
+  system/PathText.cpp
+  system/Paths.cpp
+  system/ProcessClose.cpp
+  system/ProcessExitCode.cpp
+  system/ProcessLaunch.cpp
+  system/ProcessQuery.cpp
+  system/ProcessWait.cpp
   system/ShellFolders.cpp
   system/VersionInfo.cpp
 )
 set(SUPPORT_SYSTEM_LIBRARIES
   shell32
   version
+  shlwapi
+  psapi
 )

@@ -4,7 +4,10 @@ set(SYSTEM_TEST_SOURCES
   support/system/ClipboardTest.cpp
   support/system/FileTimesTest.cpp
   support/system/MessageBoxesTest.cpp
+  support/system/PathsTest.cpp
   support/system/PeerProcess.cpp
+  support/system/ProcessControlTest.cpp
+  support/system/ProcessLaunchTest.cpp
   support/system/ShellFoldersTest.cpp
   support/system/SystemTests.rc
   support/system/VersionInfoTest.cpp
@@ -25,3 +28,18 @@ target_compile_definitions(system_tests PRIVATE
   DRAWTOOL_VERSION_MAJOR=${PROJECT_VERSION_MAJOR}
   DRAWTOOL_VERSION_MINOR=${PROJECT_VERSION_MINOR}
   DRAWTOOL_VERSION_PATCH=${PROJECT_VERSION_PATCH})
+
+# The child programs the process tests start, built beside system_tests
+# (bin/), where the tests look for them.
+set(SYSTEM_TEST_CHILDREN child_echo child_exit child_sleep child_window)
+add_executable(child_echo support/system/children/ChildEcho.cpp)
+add_executable(child_exit support/system/children/ChildExit.cpp)
+add_executable(child_sleep support/system/children/ChildSleep.cpp)
+add_executable(child_window support/system/children/ChildWindow.cpp)
+add_dependencies(system_tests ${SYSTEM_TEST_CHILDREN})
+
+# These tests end processes: one that ended the test program itself would
+# leave exit code 0 behind. Only the closing summary counts as a pass.
+set_tests_properties(system_tests PROPERTIES
+  PASS_REGULAR_EXPRESSION "\\[  PASSED  \\]"
+  FAIL_REGULAR_EXPRESSION "\\[  FAILED  \\]")
