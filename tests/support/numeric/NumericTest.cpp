@@ -136,6 +136,19 @@ TEST(AxisScalingAndStepRounding, AFewUlpsFromAPowerOfTenTheUnitIsADecadeOffAndRe
     EXPECT_GT(NiceFloor(-above), -above) << "NiceFloor lands above its input";
 }
 
+// The reference ellipsoids, every constant to its last digit.
+TEST(GeodesyFittingAndPlaneGeometry, EllipsoidTableHoldsTheReferenceConstants)
+{
+    const double expected[EllipsoidCount][2] = {
+        {6378136.0, 298.257}, {6377397.155, 299.152813}, {6378137.0, 298.257222},
+        {6378137.0, 298.257223}, {6378137.0, 298.257222101}, {6378137.0, 298.257222101},
+    };
+    for (unsigned i = 0; i < EllipsoidCount; ++i) {
+        EXPECT_EQ(expected[i][0], EllipsoidTable[i].semiMajorAxis) << "row " << i;
+        EXPECT_EQ(expected[i][1], EllipsoidTable[i].inverseFlattening) << "row " << i;
+    }
+}
+
 TEST(GeodesyFittingAndPlaneGeometry, WorkedExamplesAndBoundaries)
 {
     // Arc minutes (139 and 35 degrees); on the equator a and (1 - e^2) a per radian; index 0 keeps its fixed e^2
@@ -157,6 +170,8 @@ TEST(GeodesyFittingAndPlaneGeometry, WorkedExamplesAndBoundaries)
     // Within 1e-6 (metres, arc minutes, degrees, pixels): far above the rounding of sin, cos and the arc lengths.
     EXPECT_TABLE(1e-6,
         E(arcs(0, 4), a4, (1 - 2 * f + f * f) * a4), E(arcs(0, 0), a0, (1 - 0.00669447) * a0), E(arcs(0, 6), 0, 0),
+        // Off the equator, from N cos(phi) and M of the ellipsoid (45 degrees: the meridian minute is 1852.2 m).
+        E(arcs(2700, 4), 1314.1139182437669, 1852.196290220835), E(arcs(2100, 1), 1521.287990278379, 1848.8140403656207),
         E(trip(0, arcs(lat0, 4)[1], 270, 4), 0, arcs(lat0, 4)[1], lon0, lat0 + 1), // a minute north
         // Back at 270 and 90; elsewhere turned by 2 * (angle - 270).
         E(trip(3000, -4000, 270, 4), 3000, -4000), E(trip(3000, -4000, 90, 4), 3000, -4000),
@@ -186,6 +201,7 @@ TEST(GeodesyFittingAndPlaneGeometry, WorkedExamplesAndBoundaries)
         E(PointInSector(0, 0, 10, 90, 180, -5, 0, 1), 1), E(PointInSector(0, 0, 10, 90, 180, -5, 0, 0), 0),
         E(PointInSector(0, 0, 10, 90, 180, 0, 20, 1), 0), E(PointInSector(0, 0, 10, 90, 180, 0, 0, 1), 1),
         E(PointInSector(0, 0, 10, 300, 30, 0.87, -4.92, 1), 1), E(PointInSector(0, 0, 10, 800, 1100, 1.71, 4.70, 1), 1),
+        E(PointInSector(0, 0, 10, 400, 450, -1, -0.5, 1), 1),   // one turn: 40 to 90, the point at 63
         // Ties go to the first; NaN distances are passed over. Ray flag 0: on the segment and ahead; 1: behind or
         // off it; -1: parallel, the point untouched.
         E(NearestPoint(1, 1, xs, ys), 0), E(NearestPoint(1, 1, xs, {0, 0}), -1), E(NearestPoint(1, 1, {}, {}), -1),
