@@ -1,4 +1,6 @@
 set(SUPPORT_SYSTEM_SOURCES
+  system/DirectoryListing.cpp
+  system/DirectoryTree.cpp
   system/Paths.cpp
   system/PathText.cpp
 )

@@ -2,6 +2,7 @@
 # information, desktop services): one program, one Wine start.
 set(SYSTEM_TEST_SOURCES
   support/system/PathsTest.cpp
+  support/system/PathTextTest.cpp
 )
 if(SYSTEM_TEST_SOURCES)
   drawtool_test_program(system_tests ${SYSTEM_TEST_SOURCES})
