@@ -3,6 +3,8 @@
 set(SYSTEM_TEST_SOURCES
   support/system/PathsTest.cpp
   support/system/PathTextTest.cpp
+  support/system/DirectoryListingTest.cpp
+  support/system/DirectoryTreeTest.cpp
 )
 if(SYSTEM_TEST_SOURCES)
   drawtool_test_program(system_tests ${SYSTEM_TEST_SOURCES})
