@@ -52,6 +52,7 @@ TEST(PathText, FitPathToWidthFallsBackToTheShortForm)
     EXPECT_EQ(std::string(FitPathToWidth(path.c_str(), shortLength)), std::string(shortLength, ' ')) << "no room";
     EXPECT_EQ(std::string(FitPathToWidth("C:\\missing\\file.txt", 6)), "      ") << "missing file";
     EXPECT_EQ(std::string(FitPathToWidth("C:\\f", 6)), "C:\\f  ") << "a path that fits";
+    EXPECT_EQ(std::string(FitPathToWidth("C:\\f", 4)), "C:\\f") << "a path as long as the width";
 }
 
 TEST(PathText, IsValidPathCharsRejectsWildCardsAndOptionallySeparators)

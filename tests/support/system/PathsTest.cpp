@@ -11,7 +11,8 @@
 TEST(Paths, SplitPathGivesDriveDirectoryNameAndExtension)
 {
     const std::string n255(255, 'n'), n256(256, 'n');
-    const std::string longestName = n255 + ".e", longName = n256 + ".e", longDir = "C:\\" + n256 + "\\f";
+    const std::string longestName = n255 + ".e", longName = n256 + ".e", longDir = "C:\\" + n256 + "\\f",
+                      longExt = "f." + n255;
     const struct {
         const char* path;
         std::string expected; // drive|dir|name|ext
@@ -27,6 +28,7 @@ TEST(Paths, SplitPathGivesDriveDirectoryNameAndExtension)
         {longestName.c_str(), "||" + n255 + "|.e", 0},
         {longName.c_str(), "|||", 1},                // a name of 256 characters
         {longDir.c_str(), "|||", 1},                 // a directory of 258 characters
+        {longExt.c_str(), "|||", 1},                 // an extension of 256 characters
     };
     for (const auto& c : cases) {
         InvalidParameterCounter counter;
