@@ -8,11 +8,11 @@
 #include "AfxString.h"
 
 /// path shortened to at most max - 1 characters (max counts a terminator) by
-/// the shell's PathCompactPathEx: the middle directories give way to "...",
-/// keeping the drive and the file name as long as they fit
-/// ("C:\a\long\dir\file.txt" in 16 gives "C:\a\...\file~"-like texts, the
-/// exact cut being the shell's). A path that already fits, and an empty
-/// path, are returned unchanged; max 0 or 1 gives an empty text.
+/// the shell's PathCompactPathEx: the middle of the path gives way to "...",
+/// keeping the file name as long as it fits ("C:\path1\path2\sample.txt"
+/// with max 20 gives "C:\pa...\sample.txt"; the exact cut is the shell's).
+/// A path that already fits, and an empty path, are returned unchanged;
+/// max 0 or 1 gives an empty text.
 CString CompactPath(const char* text, unsigned max);
 
 /// A text of exactly width characters: text left-aligned, blanks after it

@@ -38,8 +38,10 @@ bool HasWildCards(const char* text)
 // it does not fit.
 bool CopyWithBackslash(const char* dir, char (&buffer)[MAX_PATH])
 {
+    // The shell's PathAddBackslash does not check that the backslash fits.
     const size_t length = std::strlen(dir);
-    if (length >= MAX_PATH)
+    const bool hasBackslash = length > 0 && dir[length - 1] == '\\';
+    if (length + (hasBackslash ? 1 : 2) > MAX_PATH)
         return false;
     std::memcpy(buffer, dir, length + 1);
     return PathAddBackslashA(buffer) != nullptr;

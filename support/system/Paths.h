@@ -58,9 +58,9 @@ CString MakeAbsolutePathFrom(const char* path, const char* base);
 
 /// path relative to the directory dir (a backslash is added to dir when
 /// missing), by the shell's PathRelativePathTo: "C:\a\b\f.txt" against
-/// "C:\a" gives ".\b\f.txt", against "C:\a\c" "..\b\f.txt". A relative path,
-/// a path on another drive, and a path or directory of 260 characters or
-/// more give path unchanged.
+/// "C:\a\c" gives "..\b\f.txt", against "C:\a" ".\b\f.txt" (Wine's shell
+/// gives "\b\f.txt"). A relative path, a path on another drive, and a path
+/// or directory of 260 characters or more give path unchanged.
 CString MakeRelativePath(const char* path, const char* dir);
 
 /// path relative to base by comparing the texts, case-sensitively, without

@@ -3,6 +3,8 @@
 #pragma once
 
 #include "support/system/Clipboard.h"
+#include "support/system/DirectoryListing.h"
+#include "support/system/DirectoryTree.h"
 #include "support/system/FileTimes.h"
 #include "support/system/MessageBoxes.h"
 #include "support/system/PathText.h"

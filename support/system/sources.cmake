@@ -1,5 +1,7 @@
 set(SUPPORT_SYSTEM_SOURCES
   system/Clipboard.cpp
+  system/DirectoryListing.cpp
+  system/DirectoryTree.cpp
   system/FileTimes.cpp
   system/MessageBoxes.cpp
   system/PathText.cpp
