@@ -7,7 +7,7 @@
 #include "support/system/ProcessWait.h"
 
 #include "ProcessChildren.h"
-#include "ScratchDir.h"
+#include "SystemTestHelpers.h"
 
 #include <tlhelp32.h>
 

@@ -8,7 +8,7 @@
 
 #include "AfxWinApp.h"
 #include "ProcessChildren.h"
-#include "ScratchDir.h"
+#include "SystemTestHelpers.h"
 
 #include <gtest/gtest.h>
 
