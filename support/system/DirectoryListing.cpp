@@ -1,6 +1,7 @@
 #include "support/system/DirectoryListing.h"
 
 #include "support/system/Paths.h"
+#include "support/system/SystemText.h"
 
 #include "AfxFileFind.h"
 
@@ -11,18 +12,6 @@
 #include <cctype>
 
 namespace {
-
-CString Text(const char* text)
-{
-    return CString(text ? text : "");
-}
-
-CString WithoutTrailingBackslashes(const char* text)
-{
-    CString stripped = Text(text);
-    stripped.TrimRight("\\");
-    return stripped;
-}
 
 CString ExtensionOf(const char* path)
 {
@@ -92,7 +81,7 @@ void ListFiles(const char* pattern, std::vector<CString>& list)
     const CString wanted = ExtensionOf(pattern);
     const bool checkExtension = !wanted.IsEmpty() && wanted.Find('*') < 0;
     CFileFind finder;
-    BOOL more = finder.FindFile(Text(pattern));
+    BOOL more = finder.FindFile(SystemText::OrEmpty(pattern));
     while (more) {
         more = finder.FindNextFile();
         if (finder.IsDots() || finder.MatchesMask(FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_DIRECTORY))
@@ -108,7 +97,7 @@ void ListSubdirs(const char* pattern, std::vector<CString>& list)
 {
     CString drive, dir, name, ext;
     SplitPath(pattern, drive, dir, name, ext);
-    const CString search = name.Find('*') < 0 && ext.Find('*') < 0 ? drive + dir + "*" : Text(pattern);
+    const CString search = name.Find('*') < 0 && ext.Find('*') < 0 ? drive + dir + "*" : SystemText::OrEmpty(pattern);
     CFileFind finder;
     BOOL more = finder.FindFile(search);
     while (more) {
@@ -123,7 +112,7 @@ void ListSubdirs(const char* pattern, std::vector<CString>& list)
 void ListFilesRecursive(const char* dir, std::vector<CString>& list)
 {
     list.clear(); // on every call, the recursive ones too: intended
-    const CString stripped = WithoutTrailingBackslashes(dir);
+    const CString stripped = SystemText::WithoutTrailingBackslashes(dir);
     if (stripped.IsEmpty())
         return;
     CFileFind finder;
@@ -143,8 +132,8 @@ void ListFilesRecursive(const char* dir, std::vector<CString>& list)
 
 CString NextFreeFileName(const char* dir, const char* name)
 {
-    const CString folder = WithoutTrailingBackslashes(dir);
-    const CString wanted = Text(name);
+    const CString folder = SystemText::WithoutTrailingBackslashes(dir);
+    const CString wanted = SystemText::OrEmpty(name);
     const CString path = folder + "\\" + wanted;
     if (_access(path, 0) != 0)
         return wanted;
@@ -155,8 +144,8 @@ CString NextFreeFileName(const char* dir, const char* name)
 
 CString NextFreeDirName(const char* dir, const char* name)
 {
-    const CString folder = WithoutTrailingBackslashes(dir);
-    const CString wanted = Text(name);
+    const CString folder = SystemText::WithoutTrailingBackslashes(dir);
+    const CString wanted = SystemText::OrEmpty(name);
     const CString path = folder + "\\" + wanted;
     if (_access(path, 0) != 0)
         return wanted;

@@ -1,6 +1,7 @@
 #include "support/system/DirectoryTree.h"
 
 #include "support/system/Paths.h"
+#include "support/system/SystemText.h"
 
 #include "AfxFileFind.h"
 #include "AfxWinApp.h"
@@ -16,18 +17,6 @@
 namespace {
 
 constexpr unsigned kPollMilliseconds = 100;
-
-CString Text(const char* text)
-{
-    return CString(text ? text : "");
-}
-
-CString WithoutTrailingBackslashes(const char* text)
-{
-    CString stripped = Text(text);
-    stripped.TrimRight("\\");
-    return stripped;
-}
 
 bool Exists(const char* path)
 {
@@ -61,8 +50,8 @@ int CopyTreeContents(const CString& src, const CString& dst)
 {
     if (!Exists(src) || !Exists(dst))
         return 0;
-    const CString from = WithoutTrailingBackslashes(src);
-    const CString to = WithoutTrailingBackslashes(dst);
+    const CString from = SystemText::WithoutTrailingBackslashes(src);
+    const CString to = SystemText::WithoutTrailingBackslashes(dst);
     CFileFind finder;
     BOOL more = finder.FindFile(from + "\\*.*");
     if (!more)
@@ -87,7 +76,7 @@ int CopyTreeContents(const CString& src, const CString& dst)
 
 int DeleteTreeContents(const CString& dir)
 {
-    const CString stripped = WithoutTrailingBackslashes(dir);
+    const CString stripped = SystemText::WithoutTrailingBackslashes(dir);
     const DWORD attributes = GetFileAttributesA(stripped);
     if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_REPARSE_POINT))
         return _rmdir(stripped);
@@ -127,14 +116,14 @@ int DeleteTreeContents(const CString& dir)
 int CopyTree(const char* src, const char* dst)
 {
     CWaitCursor wait;
-    return CopyTreeContents(Text(src), Text(dst));
+    return CopyTreeContents(SystemText::OrEmpty(src), SystemText::OrEmpty(dst));
 }
 
 int CopyFilesByMask(const char* srcDir, const char* dstDir, const char* mask, int overwrite)
 {
-    const CString from = Text(srcDir), to = Text(dstDir);
+    const CString from = SystemText::OrEmpty(srcDir), to = SystemText::OrEmpty(dstDir);
     CFileFind finder;
-    BOOL more = finder.FindFile(from + Text(mask));
+    BOOL more = finder.FindFile(from + SystemText::OrEmpty(mask));
     while (more) {
         more = finder.FindNextFile();
         if (finder.IsDots() || finder.MatchesMask(FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_DIRECTORY))
@@ -149,14 +138,14 @@ int DeleteFiles(const char* pattern)
 {
     CString dirPart, namePart;
     SplitDirAndName(pattern, dirPart, namePart);
-    dirPart = WithoutTrailingBackslashes(dirPart);
+    dirPart = SystemText::WithoutTrailingBackslashes(dirPart);
     // Without a directory part the names stay relative: a lone backslash
     // would name the drive's root instead.
     if (!dirPart.IsEmpty())
         dirPart += '\\';
 
     CFileFind finder;
-    BOOL more = finder.FindFile(Text(pattern));
+    BOOL more = finder.FindFile(SystemText::OrEmpty(pattern));
     while (more) {
         more = finder.FindNextFile();
         if (finder.IsDots() || finder.IsDirectory())
@@ -178,7 +167,7 @@ int DeleteFilesWait(const char* pattern, unsigned seconds)
 {
     CWaitCursor wait;
     const int result = DeleteFiles(pattern);
-    const CString name = Text(pattern);
+    const CString name = SystemText::OrEmpty(pattern);
     PollUntil(seconds, [&] { return !Exists(name); });
     return result;
 }
@@ -186,14 +175,14 @@ int DeleteFilesWait(const char* pattern, unsigned seconds)
 int DeleteTree(const char* dir)
 {
     CWaitCursor wait;
-    return DeleteTreeContents(Text(dir));
+    return DeleteTreeContents(SystemText::OrEmpty(dir));
 }
 
 int DeleteTreeWait(const char* dir, unsigned seconds)
 {
     CWaitCursor wait;
-    const int result = DeleteTreeContents(Text(dir));
-    const CString name = Text(dir);
+    const int result = DeleteTreeContents(SystemText::OrEmpty(dir));
+    const CString name = SystemText::OrEmpty(dir);
     PollUntil(seconds, [&] { return _access(name, 0) != 0 && errno == ENOENT; });
     return result;
 }
@@ -233,8 +222,8 @@ int MakeDirTreeWait(const char* path, unsigned seconds)
 int MoveFileWait(const char* src, const char* dst, unsigned seconds)
 {
     CWaitCursor wait;
-    const CString target = Text(dst);
-    const BOOL moved = MoveFileA(Text(src), target);
+    const CString target = SystemText::OrEmpty(dst);
+    const BOOL moved = MoveFileA(SystemText::OrEmpty(src), target);
     if (!moved)
         return 0;
     PollUntil(seconds, [&] { return Exists(target); });

@@ -1,6 +1,7 @@
 #include "support/system/Paths.h"
 
 #include "support/InvalidParameter.h"
+#include "support/system/SystemText.h"
 
 #include <windows.h>
 #include <shlwapi.h>
@@ -45,25 +46,6 @@ bool CopyWithBackslash(const char* dir, char (&buffer)[MAX_PATH])
         return false;
     std::memcpy(buffer, dir, length + 1);
     return PathAddBackslashA(buffer) != nullptr;
-}
-
-CString WithoutTrailingBackslashes(CString text)
-{
-    text.TrimRight("\\");
-    return text;
-}
-
-// The system's text for an error code, as the system ends it (CR LF).
-CString SystemErrorText(DWORD code)
-{
-    char* message = nullptr;
-    const DWORD length = FormatMessageA(FORMAT_MESSAGE_ALLOCATE_BUFFER | FORMAT_MESSAGE_FROM_SYSTEM, nullptr, code,
-                                        MAKELANGID(LANG_NEUTRAL, SUBLANG_DEFAULT), reinterpret_cast<char*>(&message),
-                                        0, nullptr);
-    CString text = length > 0 && message ? CString(message) : CString();
-    if (message)
-        LocalFree(message);
-    return text;
 }
 
 } // namespace
@@ -117,7 +99,7 @@ int SplitDirAndName(const char* path, CString& dirPart, CString& namePart)
         if (search != -1) {
             _findclose(search);
             if (found.attrib & _A_SUBDIR) {
-                dirPart = WithoutTrailingBackslashes(Trimmed(path));
+                dirPart = SystemText::WithoutTrailingBackslashes(Trimmed(path));
                 if (!dirPart.IsEmpty())
                     dirPart += '\\';
                 return 0;
@@ -172,7 +154,7 @@ CString MakeAbsolutePathFrom(const char* path, const char* base)
     // A root "C:\" loses its backslash and so names the drive's current
     // directory; intended.
     if (!baseDir.IsEmpty())
-        SetCurrentDirectoryA(WithoutTrailingBackslashes(baseDir));
+        SetCurrentDirectoryA(SystemText::WithoutTrailingBackslashes(baseDir));
 
     // A long path is resolved through its short form, found from the base.
     char source[MAX_PATH] = {};
@@ -265,7 +247,7 @@ CString GetShortPath(const char* path, CString* err)
     if (size < 1) {
         const DWORD code = GetLastError();
         if (code != 0 && err)
-            *err = SystemErrorText(code) + "[" + given + "]";
+            *err = SystemText::ErrorText(code) + "[" + given + "]";
         return given;
     }
     std::vector<char> shortPath(size + 1);

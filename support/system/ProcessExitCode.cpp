@@ -1,7 +1,7 @@
 #include "support/system/ProcessExitCode.h"
 
 #include "support/system/Paths.h"
-#include "support/system/ProcessErrorText.h"
+#include "support/system/SystemText.h"
 
 #include <psapi.h>
 
@@ -74,7 +74,7 @@ int GetProcessExitCodeByHandle(HANDLE process)
     DWORD code = 0;
     const BOOL read = GetExitCodeProcess(process, &code);
     if (static_cast<int>(code) < 0)
-        ProcessDetail::SystemErrorText(GetLastError());   // looked at, not reported
+        SystemText::ErrorText(GetLastError());   // looked at, not reported
     if (read)
         return static_cast<int>(code);
     TerminateProcessHandle(process);

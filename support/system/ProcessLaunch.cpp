@@ -1,6 +1,6 @@
 #include "support/system/ProcessLaunch.h"
 
-#include "support/system/ProcessErrorText.h"
+#include "support/system/SystemText.h"
 
 #include "AfxWinApp.h"
 
@@ -182,7 +182,7 @@ int LaunchProcessInfo(PROCESS_INFORMATION* info, const char* program, std::vecto
     if (!CreateProcessA(exists ? name.GetString() : nullptr, commandLine.data(), &processAttributes,
                         &threadAttributes, TRUE, ChooseCreationFlags(flags), block, DirectoryOrNull(dir), &startup,
                         info)) {
-        ProcessDetail::SystemErrorText(GetLastError());   // not shown: a failed start reads as 0
+        SystemText::ErrorText(GetLastError());   // not shown: a failed start reads as 0
         *info = PROCESS_INFORMATION{};
         return 0;
     }

@@ -12,6 +12,7 @@ set(SUPPORT_SYSTEM_SOURCES
   system/ProcessQuery.cpp
   system/ProcessWait.cpp
   system/ShellFolders.cpp
+  system/SystemText.cpp
   system/VersionInfo.cpp
 )
 set(SUPPORT_SYSTEM_LIBRARIES

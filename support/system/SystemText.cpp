@@ -1,16 +1,6 @@
-// The system's text for an error code, as the process routines fetch it
-// (their callers get no text: the routines format it and let it go).
-// Internal to the process routines; not part of System.h.
-#pragma once
+#include "support/system/SystemText.h"
 
-#include <windows.h>
-
-#include "AfxString.h"
-
-namespace ProcessDetail {
-
-/// The system message for code, "" when the system has none.
-inline CString SystemErrorText(DWORD code)
+CString SystemText::ErrorText(DWORD code)
 {
     char* buffer = nullptr;
     const DWORD length = FormatMessageA(
@@ -23,5 +13,3 @@ inline CString SystemErrorText(DWORD code)
     }
     return text;
 }
-
-} // namespace ProcessDetail
