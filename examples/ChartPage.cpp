@@ -56,9 +56,11 @@ void DrawAxes(CMoruDrawTool& tool, const ChartModel& chart, const PlotPixels& px
 {
     const int left = ChartModel::Virtual(chart.x.min), right = ChartModel::Virtual(chart.x.max);
     const int bottom = ChartModel::Virtual(chart.y.min), top = ChartModel::Virtual(chart.y.max);
+    // The frame as a closed polyline, so that its edges lie on the axis
+    // values themselves (Rectangle leaves out its right and bottom edges).
+    POINT frame[5] = {{left, bottom}, {right, bottom}, {right, top}, {left, top}, {left, bottom}};
     tool.SetPen(PS_SOLID, 1, RGB(0, 0, 0));
-    tool.SetBrush(BS_NULL, 0, 0);
-    tool.Rectangle(left, bottom, right, top);
+    tool.Polyline(frame, 5);
 
     // DrawTick lengths are pixels (ScaleFact 1): positive goes down or right.
     const int minorPerMajor = static_cast<int>(std::lround(chart.x.step / chart.x.minorStep));

@@ -8,13 +8,16 @@
 
 #include <cstdarg>
 #include <cstdio>
+#include <filesystem>
 #include <vector>
 
 GalleryOutput::GalleryOutput(const std::string& folder, bool keep) : m_folder(folder), m_keep(keep)
 {
     while (m_folder.size() > 1 && (m_folder.back() == '\\' || m_folder.back() == '/'))
         m_folder.pop_back();
-    m_ready = ::CreateDirectoryA(m_folder.c_str(), nullptr) || ::GetLastError() == ERROR_ALREADY_EXISTS;
+    std::error_code error;
+    std::filesystem::create_directories(m_folder, error);
+    m_ready = std::filesystem::is_directory(m_folder, error);
     m_logName = FileName("gallery.log");
     SetLogFileName(m_logName.c_str());
     if (!keep)
