@@ -2,6 +2,7 @@
 
 #include "support/numeric/AxisScaling.h"
 #include "support/numeric/Fitting.h"
+#include "support/text/NumberText.h"
 
 #include <algorithm>
 #include <cmath>
@@ -65,6 +66,14 @@ ChartModel MakeChartModel()
     chart.y.step = NiceRange(chart.y.min, chart.y.max);
     chart.y.divisions = static_cast<int>(std::lround((chart.y.max - chart.y.min) / chart.y.step));
     chart.y.minorStep = chart.y.step / 5.0;
+
+    for (ChartAxis* axis : {&chart.x, &chart.y})
+        for (int i = 0; i <= axis->divisions; ++i)
+            axis->labels.push_back(FormatDouble(axis->min + i * axis->step, 3, true).GetString());
+    chart.legend[0] = std::to_string(chart.sampleX.size()) + " samples";
+    chart.legend[1] = std::string("least-squares line  f = ") + FormatDouble(chart.slope, 3, true).GetString() +
+                      " t + " + FormatDouble(chart.intercept, 3, true).GetString();
+    chart.legend[2] = "measured force, " + std::to_string(chart.trace.size()) + " points";
 
     chart.scaleX = (ChartModel::kPlotRight - ChartModel::kPlotLeft) /
                    ((chart.x.max - chart.x.min) * ChartModel::kUnitsPerValue);

@@ -6,6 +6,7 @@
 
 #include <windows.h>
 
+#include <string>
 #include <vector>
 
 /// One axis in data units: [min, max] in `divisions` steps of `step`, with
@@ -16,6 +17,7 @@ struct ChartAxis {
     double step = 0.0;
     double minorStep = 0.0;
     int divisions = 0;
+    std::vector<std::string> labels;  ///< the major ticks' texts: "0", "2.5", "45"
 };
 
 /// The chart in data units (time in s, force in kN), its virtual units
@@ -37,6 +39,7 @@ struct ChartModel {
     double slope = 0.0;                    ///< least-squares line, kN per s
     double intercept = 0.0;                ///< kN
     std::vector<POINT> trace;              ///< the measured trace, virtual units
+    std::string legend[3];                 ///< samples, fitted line, trace
 
     /// Pixels per virtual unit along x and y (both positive; y points up on
     /// the page) and the device offsets that put (x.min, y.min) on the

@@ -2,11 +2,8 @@
 // hundredths of a second and of a kilonewton.
 #include "GalleryPages.h"
 
-#include "support/text/NumberText.h"
-
 #include <algorithm>
 #include <cmath>
-#include <string>
 
 namespace {
 
@@ -26,12 +23,6 @@ struct PlotPixels {
     int Dy(double px) const { return static_cast<int>(std::lround(px / chart.scaleY)); }
     int Dx(double px) const { return static_cast<int>(std::lround(px / chart.scaleX)); }
 };
-
-// The value of major tick i as a label: "0", "2.5", "45".
-std::string TickLabel(const ChartAxis& axis, int i)
-{
-    return FormatDouble(axis.min + i * axis.step, 3, true).GetString();
-}
 
 void DrawGrid(CMoruDrawTool& tool, const ChartModel& chart)
 {
@@ -73,7 +64,7 @@ void DrawAxes(CMoruDrawTool& tool, const ChartModel& chart, const PlotPixels& px
     tool.SetFont1A(15, 0.0, kFace, 0.0);
     tool.SetTextAlignEx(TA_CENTER | TA_TOP);
     for (int i = 0; i <= chart.x.divisions; ++i)
-        tool.TextOutA(ChartModel::Virtual(chart.x.min + i * chart.x.step), bottom - px.Dy(12), TickLabel(chart.x, i).c_str());
+        tool.TextOutA(ChartModel::Virtual(chart.x.min + i * chart.x.step), bottom - px.Dy(12), chart.x.labels[i].c_str());
 
     // The tool's vertical centring shifts top-aligned text down by half its
     // height, which centres it on DCs whose y axis points up. This page is
@@ -83,7 +74,7 @@ void DrawAxes(CMoruDrawTool& tool, const ChartModel& chart, const PlotPixels& px
     tool.SetTextAlignEx(TA_RIGHT | TA_BASELINE);
     for (int i = 0; i <= chart.y.divisions; ++i)
         tool.TextOutA(left - px.Dx(13), ChartModel::Virtual(chart.y.min + i * chart.y.step) + px.Dy(textHeight),
-                      TickLabel(chart.y, i).c_str());
+                      chart.y.labels[i].c_str());
 
     tool.SetFont1A(17, 0.0, kFace, 0.0);
     tool.SetTextAlign(TA_CENTER | TA_TOP);
@@ -126,14 +117,9 @@ void DrawLegend(CMoruDrawTool& tool, const ChartModel& chart, const PlotPixels& 
     tool.SetBrush(BS_SOLID, RGB(255, 255, 255), 0);
     tool.Rectangle(px.X(14), px.Y(top), px.X(14 + 330), px.Y(top - 3 * rowHeight - 10));
 
-    const std::string fit = std::string("least-squares line  f = ") + FormatDouble(chart.slope, 3, true).GetString() +
-                            " t + " + FormatDouble(chart.intercept, 3, true).GetString();
-    const std::string samples = std::to_string(chart.sampleX.size()) + " samples";
-    const std::string trace = "measured force, " + std::to_string(chart.trace.size()) + " points";
     tool.SetFont1A(15, 0.0, kFace, 0.0);
     const double textHeight = tool.GetTextHeightA("0");
     tool.SetTextAlignEx(TA_LEFT | TA_BASELINE);
-    const char* texts[3] = {samples.c_str(), fit.c_str(), trace.c_str()};
     for (int row = 0; row < 3; ++row) {
         const double y = top - 5 - rowHeight * (row + 0.5);
         if (row == 0) {
@@ -145,7 +131,7 @@ void DrawLegend(CMoruDrawTool& tool, const ChartModel& chart, const PlotPixels& 
             tool.MoveTo(px.X(26), px.Y(y));
             tool.LineTo(px.X(56), px.Y(y));
         }
-        tool.TextOutA(px.X(68), px.Y(y + textHeight), texts[row]);
+        tool.TextOutA(px.X(68), px.Y(y + textHeight), chart.legend[row].c_str());
     }
 }
 

@@ -2,7 +2,6 @@
 
 #include "support/text/LogWriter.h"
 #include "support/text/Namelist.h"
-#include "support/text/NumberText.h"
 
 #include <windows.h>
 
@@ -56,8 +55,8 @@ bool WriteChartParameters(const std::string& path, const ChartModel& chart)
         WriteNamelistDouble(file, "FMAX", chart.y.max, "");
         WriteNamelistDouble(file, "FSTEP", chart.y.step, "NiceRange");
         std::vector<CString> ticks;
-        for (int i = 0; i <= chart.y.divisions; ++i)
-            ticks.push_back(FormatDouble(chart.y.min + i * chart.y.step, 3, true));
+        for (const std::string& label : chart.y.labels)
+            ticks.push_back(label.c_str());
         WriteNamelistArray(file, "FTICKS", ticks, "labelled force ticks", 5, 0);
         WriteNamelistDouble(file, "SLOPE", chart.slope, "FitLine, kN per s");
         WriteNamelistDouble(file, "INTERCEPT", chart.intercept, "FitLine, kN");
