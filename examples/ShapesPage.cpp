@@ -17,7 +17,7 @@ struct Panel {
 };
 
 // Row 1: arrows and the circle forms; rows 2 and 3: three panels each.
-const Panel kArrows = {20, 50, 310, 250, "Arrow: every kind and head position"};
+const Panel kArrows = {20, 50, 310, 250, "Arrow styles: 10 x head position + kind"};
 const Panel kCircles = {345, 50, 635, 250, "Circle forms, x scale 2 : y scale 1"};
 const Panel kArches = {20, 315, 310, 210, "Arch at several angles"};
 const Panel kPies = {345, 315, 310, 210, "Pie"};
