@@ -16,7 +16,7 @@
 
 namespace {
 
-constexpr int kRepeats = 15;
+constexpr int kRepeats = 25;
 const char kFace[] = "Liberation Sans";
 
 using Clock = std::chrono::steady_clock;
@@ -51,10 +51,10 @@ CoordinateFrame Frame(const ChartModel& chart)
     return frame;
 }
 
-HFONT Font(int height, int angleTenths, int weight)
+HFONT Font(int height, int angleTenths, int weight, const char* face = kFace)
 {
     return ::CreateFontA(height, 0, angleTenths, angleTenths, weight, 0, 0, 0, SHIFTJIS_CHARSET, OUT_TT_PRECIS,
-                         CLIP_LH_ANGLES, DEFAULT_QUALITY, 0, kFace);
+                         CLIP_LH_ANGLES, DEFAULT_QUALITY, 0, face);
 }
 
 // The cell height of `text` in a 15-pixel font.
@@ -191,9 +191,13 @@ void DrawRaw(HDC hdc, const ChartModel& chart, const MappedChart& m)
     ::SetBkMode(hdc, TRANSPARENT);
     ::SetTextColor(hdc, RGB(0, 0, 0));
     {
+        // The objects the tool starts with: a black pen, a 50-unit font in
+        // the DC's own face and a hollow brush.
         RawObjects objects(hdc);
+        char face[LF_FACESIZE] = "";
+        ::GetTextFaceA(hdc, LF_FACESIZE, face);
         objects.Pen(0, RGB(0, 0, 0));
-        objects.Font(Font(50, 0, 0));
+        objects.Font(Font(50, 0, 0, face));
         objects.NullBrush();
 
         objects.Pen(1, RGB(222, 222, 222));
