@@ -142,7 +142,7 @@ void DrawDistances(CMoruDrawTool& tool, const MapFrame& frame)
     tool.Circle2(reference, 6);
     const std::string where = "reference " + DmsText(kLat0, "N", "S") + " " + DmsText(kLon0, "E", "W");
     tool.SetTextAlign(TA_LEFT | TA_TOP);
-    tool.TextOutA(reference.x + frame.Dx(10), reference.y - frame.Dy(8), where.c_str());
+    tool.TextOutA(reference.x + frame.Dx(14), reference.y - frame.Dy(8), where.c_str());
     tool.SetBkMode(TRANSPARENT);
 }
 
@@ -204,9 +204,9 @@ void DrawMapPage(CDC& dc)
     tool->TextOutA(west, north + frame.Dy(12), "Map: a 500 m grid turned 20 degrees, around a reference position");
     tool->SetFont1A(13, 0.0, kFace, 0.0);
     tool->SetTextAlign(TA_LEFT | TA_TOP);
-    tool->TextOutA(west, south - frame.Dy(34),
-                   "Grid points placed by OffsetToLatLon (ellipsoid 4); distances by GeodesicDistance, beside the "
-                   "grid's plane distance; the red ring is 2 km from the reference.");
+    tool->TextOutA(west, south - frame.Dy(30),
+                   "Grid points placed by OffsetToLatLon (ellipsoid 4), the red ring 2 km from the reference;");
+    tool->TextOutA(west, south - frame.Dy(46), "distances by GeodesicDistance, beside the grid's plane distance.");
     tool->Finalize();
     DestroyDrawTool(tool);
 }
