@@ -4,6 +4,7 @@
 
 #include "AfxDC.h"
 #include "AfxFile.h"
+#include "AfxFileFind.h"
 #include "AfxGdi.h"
 #include "AfxString.h"
 #include "AfxTypes.h"

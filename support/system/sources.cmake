@@ -1,4 +1,9 @@
 set(SUPPORT_SYSTEM_SOURCES
+  system/DirectoryListing.cpp
+  system/DirectoryTree.cpp
+  system/Paths.cpp
+  system/PathText.cpp
 )
 set(SUPPORT_SYSTEM_LIBRARIES
+  shlwapi
 )

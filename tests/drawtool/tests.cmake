@@ -10,6 +10,7 @@ drawtool_test_program(drawtool_tests
   drawtool/PenBrushTest.cpp
   drawtool/RectanglesTest.cpp
   drawtool/TextOutputTest.cpp
+  framework/FileFindTest.cpp
   framework/FrameworkTest.cpp
 )
 # The list mapping is internal to the module: its test compiles it in.
