@@ -17,11 +17,11 @@ const COLORREF kSample = RGB(255, 170, 40);
 // units of the chart's frame.
 struct PlotPixels {
     const ChartModel& chart;
-    int X(double px) const { return ChartModel::Virtual(chart.x.min) + static_cast<int>(std::lround(px / chart.scaleX)); }
-    int Y(double px) const { return ChartModel::Virtual(chart.y.min) + static_cast<int>(std::lround(px / chart.scaleY)); }
-    // A vertical distance of `px` pixels in virtual units.
-    int Dy(double px) const { return static_cast<int>(std::lround(px / chart.scaleY)); }
+    int X(double px) const { return ChartModel::Virtual(chart.x.min) + Dx(px); }
+    int Y(double px) const { return ChartModel::Virtual(chart.y.min) + Dy(px); }
+    // A distance of `px` pixels along x or y in virtual units.
     int Dx(double px) const { return static_cast<int>(std::lround(px / chart.scaleX)); }
+    int Dy(double px) const { return static_cast<int>(std::lround(px / chart.scaleY)); }
 };
 
 void DrawGrid(CMoruDrawTool& tool, const ChartModel& chart)
@@ -63,8 +63,10 @@ void DrawAxes(CMoruDrawTool& tool, const ChartModel& chart, const PlotPixels& px
 
     tool.SetFont1A(15, 0.0, kFace, 0.0);
     tool.SetTextAlignEx(TA_CENTER | TA_TOP);
-    for (int i = 0; i <= chart.x.divisions; ++i)
-        tool.TextOutA(ChartModel::Virtual(chart.x.min + i * chart.x.step), bottom - px.Dy(12), chart.x.labels[i].c_str());
+    for (int i = 0; i <= chart.x.divisions; ++i) {
+        const int x = ChartModel::Virtual(chart.x.min + i * chart.x.step);
+        tool.TextOutA(x, bottom - px.Dy(12), chart.x.labels[i].c_str());
+    }
 
     // The tool's vertical centring shifts top-aligned text down by half its
     // height, which centres it on DCs whose y axis points up. This page is

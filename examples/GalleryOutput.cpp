@@ -1,5 +1,7 @@
 #include "GalleryOutput.h"
 
+#include "support/system/DirectoryListing.h"
+#include "support/system/DirectoryTree.h"
 #include "support/text/LogWriter.h"
 #include "support/text/Namelist.h"
 
@@ -7,26 +9,31 @@
 
 #include <cstdarg>
 #include <cstdio>
-#include <filesystem>
 #include <vector>
 
 GalleryOutput::GalleryOutput(const std::string& folder, bool keep) : m_folder(folder), m_keep(keep)
 {
-    while (m_folder.size() > 1 && (m_folder.back() == '\\' || m_folder.back() == '/'))
+    for (char& c : m_folder)
+        if (c == '/')
+            c = '\\';
+    while (m_folder.size() > 1 && m_folder.back() == '\\')
         m_folder.pop_back();
-    std::error_code error;
-    std::filesystem::create_directories(m_folder, error);
-    m_ready = std::filesystem::is_directory(m_folder, error);
+    // MakeDirTree makes the directory part of a path: the trailing
+    // backslash makes the folder itself part of it.
+    m_ready = MakeDirTree((m_folder + "\\").c_str()) == 1;
     m_logName = FileName("gallery.log");
     SetLogFileName(m_logName.c_str());
     if (!keep)
         DeleteLogFile();
-    Log(0, "gallery started, folder %s\n", m_folder.c_str());
+    Log(0, "gallery started in %s, %s\n", m_folder.c_str(),
+        keep ? "keeping earlier files" : "replacing earlier files");
 }
 
 std::string GalleryOutput::FileName(const std::string& name) const
 {
-    return m_folder + "\\" + name;
+    if (!m_keep)
+        return m_folder + "\\" + name;
+    return m_folder + "\\" + NextFreeFileName(m_folder.c_str(), name.c_str()).GetString();
 }
 
 void GalleryOutput::Log(int code, const char* format, ...) const

@@ -58,8 +58,15 @@ struct MapFrame {
     double scaleX, scaleY;  // pixels per virtual unit
     int Dx(double px) const { return static_cast<int>(std::lround(px / scaleX)); }
     int Dy(double px) const { return static_cast<int>(std::lround(px / scaleY)); }
-    double LonAt(int deviceX) const { return kLon0 + (deviceX - (kMap.left + kMap.right) / 2) / scaleX / kUnitsPerMinute; }
-    double LatAt(int deviceY) const { return kLat0 + ((kMap.top + kMap.bottom) / 2 - deviceY) / scaleY / kUnitsPerMinute; }
+    // The longitude and latitude (arc minutes) at a device column or row.
+    double LonAt(int deviceX) const
+    {
+        return kLon0 + (deviceX - (kMap.left + kMap.right) / 2) / scaleX / kUnitsPerMinute;
+    }
+    double LatAt(int deviceY) const
+    {
+        return kLat0 + ((kMap.top + kMap.bottom) / 2 - deviceY) / scaleY / kUnitsPerMinute;
+    }
 };
 
 // Parallels and meridians every half minute across the map, labelled
@@ -174,7 +181,8 @@ void DrawMapPage(CDC& dc)
         return;
     double perLonMinute = 0.0, perLatMinute = 0.0;
     ArcLengthsPerMinute(kLat0, perLonMinute, perLatMinute, kEllipsoid);
-    const MapFrame frame{perLonMinute / kUnitsPerMinute / kMetresPerPixel, perLatMinute / kUnitsPerMinute / kMetresPerPixel};
+    const MapFrame frame{perLonMinute / kUnitsPerMinute / kMetresPerPixel,
+                         perLatMinute / kUnitsPerMinute / kMetresPerPixel};
 
     // The reference position at the map's centre, y up.
     tool->SetOrgX((kMap.left + kMap.right) / 2);

@@ -11,6 +11,15 @@ namespace {
 const char kFace[] = "Liberation Sans";
 const double kPi = std::acos(-1.0);
 
+// The point `radius` units from (cx, cy) toward `degrees` (from +x toward
+// +y), rounded to whole virtual units.
+POINT Polar(int cx, int cy, double radius, double degrees)
+{
+    const double a = degrees * kPi / 180;
+    return POINT{cx + static_cast<LONG>(std::lround(radius * std::cos(a))),
+                 cy + static_cast<LONG>(std::lround(radius * std::sin(a)))};
+}
+
 struct Panel {
     int left, top, width, height;
     const char* title;
@@ -147,14 +156,10 @@ void DrawPies(CMoruDrawTool& tool)
     for (int i = 0; i < 5; ++i) {
         const double end = start + 360.0 * shares[i];
         // The last slice is pulled out along its middle direction.
-        const double middle = (start + end) / 2 * kPi / 180, shift = i == 4 ? 14.0 : 0.0;
-        const int cx = 105 + static_cast<int>(std::lround(shift * std::cos(middle)));
-        const int cy = 90 + static_cast<int>(std::lround(shift * std::sin(middle)));
-        const double a = start * kPi / 180, b = end * kPi / 180;
+        const POINT c = Polar(105, 90, i == 4 ? 14.0 : 0.0, (start + end) / 2);
+        const POINT a = Polar(c.x, c.y, 100, start), b = Polar(c.x, c.y, 100, end);
         tool.SetBrush(BS_SOLID, colors[i], 0);
-        tool.Pie(cx - radius, cy - radius, cx + radius, cy + radius, cx + static_cast<int>(std::lround(100 * std::cos(a))),
-                 cy + static_cast<int>(std::lround(100 * std::sin(a))), cx + static_cast<int>(std::lround(100 * std::cos(b))),
-                 cy + static_cast<int>(std::lround(100 * std::sin(b))));
+        tool.Pie(c.x - radius, c.y - radius, c.x + radius, c.y + radius, a.x, a.y, b.x, b.y);
         start = end;
     }
     tool.SetFont1A(13, 0.0, kFace, 0.0);
@@ -204,9 +209,8 @@ void DrawClipping(CMoruDrawTool& tool)
     tool.ExcludeClipRect(&hole);
     tool.Circle(155, 90, 95);
     for (int angle = 0; angle < 180; angle += 12) {
-        const double a = angle * kPi / 180;
-        tool.MoveTo(155 - static_cast<int>(std::lround(200 * std::cos(a))), 90 - static_cast<int>(std::lround(200 * std::sin(a))));
-        tool.LineTo(155 + static_cast<int>(std::lround(200 * std::cos(a))), 90 + static_cast<int>(std::lround(200 * std::sin(a))));
+        tool.MoveTo(Polar(155, 90, 200, angle + 180));
+        tool.LineTo(Polar(155, 90, 200, angle));
     }
     tool.RestoreDC(saved);
     tool.SetPen(PS_DOT, 1, RGB(0, 0, 0));
@@ -226,17 +230,16 @@ void DrawPolyPolyline(CMoruDrawTool& tool)
     DWORD counts[3];
     int n = 0;
     // A five-pointed star, closed.
-    for (int i = 0; i <= 5; ++i) {
-        const double a = (90 + 144 * i) * kPi / 180;
-        points[n++] = POINT{70 + static_cast<LONG>(std::lround(55 * std::cos(a))), 85 + static_cast<LONG>(std::lround(55 * std::sin(a)))};
-    }
+    for (int i = 0; i <= 5; ++i)
+        points[n++] = Polar(70, 85, 55, 90 + 144 * i);
     counts[0] = 6;
     // A zig-zag.
     for (int i = 0; i < 7; ++i)
         points[n++] = POINT{150 + 22 * i, i % 2 ? 135 : 105};
     counts[1] = 7;
     // A square spiral.
-    const int turns[10][2] = {{0, 0}, {70, 0}, {70, 60}, {10, 60}, {10, 10}, {60, 10}, {60, 50}, {20, 50}, {20, 20}, {50, 20}};
+    const int turns[10][2] = {{0, 0},   {70, 0},  {70, 60}, {10, 60}, {10, 10},
+                              {60, 10}, {60, 50}, {20, 50}, {20, 20}, {50, 20}};
     for (const auto& turn : turns)
         points[n++] = POINT{190 + turn[0], 15 + turn[1]};
     counts[2] = 10;
@@ -263,11 +266,8 @@ void DrawFill(CMoruDrawTool& tool)
     const char* names[2] = {"ALTERNATE", "WINDING"};
     for (int m = 0; m < 2; ++m) {
         POINT star[5];
-        for (int i = 0; i < 5; ++i) {
-            const double a = (90 + 144 * i) * kPi / 180;
-            star[i] = POINT{55 + 100 * m + static_cast<LONG>(std::lround(45 * std::cos(a))),
-                            110 + static_cast<LONG>(std::lround(45 * std::sin(a)))};
-        }
+        for (int i = 0; i < 5; ++i)
+            star[i] = Polar(55 + 100 * m, 110, 45, 90 + 144 * i);
         tool.SetPolyFillMode(modes[m]);
         tool.Polygon(star, 5);
         Label(tool, 55 + 100 * m, 58, names[m]);

@@ -246,4 +246,20 @@ TEST_F(Gallery, WritesTheChartParametersAsANamelistAndLogsEachPage)
         EXPECT_NE(log.find(entry), std::string::npos) << "missing \"" << entry << "\" in gallery.log:\n" << log;
 }
 
+// Runs last: it adds files to the folder the other tests read.
+TEST_F(Gallery, KeepWritesUnderTheNextFreeNamesAndLeavesEarlierFilesAlone)
+{
+    const fs::file_time_type written = fs::last_write_time(Page("chart", ".png"));
+    const std::string before = ReadText(s_folder / "pages" / "gallery.log");
+    const GalleryRun again = RunGallery("--keep \"" + (s_folder / "pages").string() + "\"");
+    ASSERT_EQ(again.exitCode, 0u) << "gallery --keep output:\n" << again.output;
+    for (const char* name : {"chart1.png", "chart1.emf", "shapes1.png", "shapes1.emf", "map1.png", "map1.emf",
+                             "chart1.nml", "gallery1.log"}) {
+        EXPECT_TRUE(fs::exists(s_folder / "pages" / name)) << name << " missing after --keep; output:\n" << again.output;
+        EXPECT_NE(again.output.find(name), std::string::npos) << name << " not printed:\n" << again.output;
+    }
+    EXPECT_TRUE(fs::last_write_time(Page("chart", ".png")) == written) << "chart.png was written again";
+    EXPECT_EQ(ReadText(s_folder / "pages" / "gallery.log"), before) << "gallery.log changed";
+}
+
 } // namespace
