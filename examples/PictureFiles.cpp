@@ -52,7 +52,7 @@ bool WriteEmf(const char* path, int width, int height, const std::function<void(
     const int mmX = ::GetDeviceCaps(screen, HORZSIZE), pxX = ::GetDeviceCaps(screen, HORZRES);
     const int mmY = ::GetDeviceCaps(screen, VERTSIZE), pxY = ::GetDeviceCaps(screen, VERTRES);
     RECT frame = {0, 0, ::MulDiv(width, mmX * 100, pxX), ::MulDiv(height, mmY * 100, pxY)};
-    HDC hdc = ::CreateEnhMetaFileA(screen, path, &frame, "demo_host\0drawing\0");
+    HDC hdc = ::CreateEnhMetaFileA(screen, path, &frame, "gallery\0page\0");
     ::ReleaseDC(nullptr, screen);
     if (!hdc)
         return false;

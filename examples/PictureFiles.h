@@ -1,4 +1,4 @@
-// Writing the demo's pictures: a 32-bit DIB as PNG (Windows Imaging
+// Writing the gallery's pages: a 32-bit DIB as PNG (Windows Imaging
 // Component) and an enhanced metafile recorded through a callback.
 #pragma once
 

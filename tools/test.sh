@@ -1,18 +1,21 @@
 #!/usr/bin/env bash
 # Builds everything and runs the whole test suite under Wine, with one
 # persistent wineserver for the run. Exits non-zero on any failure.
-set -euo pipefail
-root=$(cd "$(dirname "$0")/.." && pwd)
+#   tools/test.sh [build dir]
+source "$(dirname "$0")/common.sh"
 build=${1:-$root/build}
 "$root/tools/install-deps.sh"
 start=$(date +%s)
 "$root/tools/configure.sh" "$build"
 
-# Make the prefix once, then keep its wineserver up for every test program.
+# Make the prefix once, then keep one wineserver up for every test program;
+# a server left by an earlier command is ended first, since a second one
+# cannot start beside it.
 export WINEPREFIX="$build/wineprefix" DRAWTOOL_BUILD_DIR="$build"
 "$root/cmake/wine-run.sh" --version >/dev/null
-( cd "$build" && WINEDEBUG=-all wineserver -p )
-trap 'WINEPREFIX="$build/wineprefix" wineserver -k 2>/dev/null || true' EXIT
+stop_wineserver "$build"
+WINEDEBUG=-all wineserver -p
+trap 'stop_wineserver "$build"' EXIT
 # Start Wine's system services now, detached from ctest's output pipes: a
 # service started by the first test would hold the pipes open and ctest
 # would wait for it forever.
