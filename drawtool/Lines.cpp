@@ -16,10 +16,11 @@ namespace {
 /// first point of the next run, so that consecutive runs meet.
 constexpr int kRunLength = 15000;
 
-/// A zeroed heap block of `count` points, or null when it cannot be had.
+/// A heap block of `count` points (every one is written before GDI reads
+/// it, so none is cleared first), or null when it cannot be had.
 std::unique_ptr<POINT[]> AllocatePoints(int count)
 {
-    return std::unique_ptr<POINT[]>(new (std::nothrow) POINT[static_cast<size_t>(count)]());
+    return std::unique_ptr<POINT[]>(new (std::nothrow) POINT[static_cast<size_t>(count)]);
 }
 
 /// The point-array pattern: below two points (or without points) nothing is

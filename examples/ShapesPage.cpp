@@ -32,7 +32,7 @@ const Panel kArches = {20, 315, 310, 210, "Arch at several angles"};
 const Panel kPies = {345, 315, 310, 210, "Pie"};
 const Panel kBrushes = {670, 315, 310, 210, "Solid and hatched brushes"};
 const Panel kClipping = {20, 540, 310, 205, "IntersectClipRect, ExcludeClipRect"};
-const Panel kPolyPolyline = {345, 540, 310, 205, "PolyPolyline and Polyline"};
+const Panel kPolyPolyline = {345, 540, 310, 205, "PolyPolyline"};
 const Panel kFill = {670, 540, 310, 205, "Polygon fill modes, PolyBezier"};
 
 // Puts the frame on the panel: (0, 0) at its lower-left, y up, `scaleX`
@@ -219,10 +219,8 @@ void DrawClipping(CMoruDrawTool& tool)
     tool.Rectangle(&hole);
 }
 
-// Three lines in one PolyPolyline call. The tool maps as many points as
-// the call has polylines (its count argument), so lines that need more
-// points than that are refused with 0; the panel shows the answer and the
-// same lines drawn one Polyline each.
+// Three lines in one PolyPolyline call: the tool maps every point the
+// counts describe (23), not only as many as there are lines (3).
 void DrawPolyPolyline(CMoruDrawTool& tool)
 {
     UsePanel(tool, kPolyPolyline);
@@ -245,14 +243,12 @@ void DrawPolyPolyline(CMoruDrawTool& tool)
     counts[2] = 10;
     tool.SetPen(PS_SOLID, 2, RGB(180, 70, 20));
     const int answer = tool.PolyPolyline(points, counts, 3);
-    for (int line = 0, first = 0; line < 3; first += counts[line++])
-        tool.Polyline(points + first, static_cast<int>(counts[line]));
     char text[64];
     std::snprintf(text, sizeof text, "PolyPolyline(points, {6, 7, 10}, 3) = %d", answer);
     tool.SetFont1A(13, 0.0, kFace, 0.0);
     tool.SetTextAlign(TA_LEFT | TA_TOP);
     tool.TextOutA(8, 172, text);
-    tool.TextOutA(8, 156, "(maps 3 points); drawn by Polyline:");
+    tool.TextOutA(8, 156, "three lines, 23 points, one call:");
 }
 
 // The same star filled twice: ALTERNATE leaves the centre empty, WINDING
