@@ -71,13 +71,16 @@ TEST(Clipboard, TextRoundTripsHereAndThroughASecondProcess)
 TEST(Clipboard, HeldOrEmptyClipboardGivesEmptyTextAndZero)
 {
     ASSERT_EQ(SetClipboardText(nullptr, "kept", 0), 1);
-    {
-        PeerProcess holder("hold");
-        ASSERT_EQ(holder.Read(4), "held");
-        EXPECT_EQ(std::string(GetClipboardText(nullptr)), "") << "held by the peer";
-        EXPECT_EQ(SetClipboardText(nullptr, "refused", 1), 0) << "held by the peer";
-        EXPECT_EQ(holder.Finish(), 0);
-    }
+    const HANDLE held = CreateEventA(nullptr, TRUE, FALSE, "system_tests_held");
+    const HANDLE release = CreateEventA(nullptr, TRUE, FALSE, "system_tests_release");
+    const HANDLE holder = StartPeer("hold", (std::filesystem::temp_directory_path() / "system_tests_hold.txt").string());
+    ASSERT_EQ(WaitForSingleObject(held, 10000), WAIT_OBJECT_0) << "the peer holds the clipboard";
+    EXPECT_EQ(std::string(GetClipboardText(nullptr)), "") << "held by the peer";
+    EXPECT_EQ(SetClipboardText(nullptr, "refused", 1), 0) << "held by the peer";
+    SetEvent(release);
+    EXPECT_EQ(FinishPeer(holder), 0);
+    CloseHandle(held);
+    CloseHandle(release);
     EXPECT_EQ(std::string(GetClipboardText(nullptr)), "kept");
     ASSERT_TRUE(OpenClipboard(nullptr));
     EmptyClipboard();

@@ -4,8 +4,9 @@
 //   system_peer get            prints the clipboard's text
 //   system_peer set TEXT U     SetClipboardText(TEXT, U); exit code = result
 //   system_peer hold           opens the clipboard for a window of its own,
-//                              prints "held" and keeps it open until its
-//                              standard input closes
+//                              sets the event "system_tests_held" and keeps
+//                              it open until "system_tests_release" is set
+//                              (at most 10 s)
 //   system_peer names          prints "product result|name|legal result|text"
 #include "support/system/Clipboard.h"
 #include "support/system/VersionInfo.h"
@@ -32,10 +33,8 @@ int main(int argc, char** argv)
         const HWND owner = CreateWindowExA(0, "STATIC", "", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr);
         if (!owner || !OpenClipboard(owner))
             return 2;
-        std::fputs("held", stdout);
-        std::fflush(stdout);
-        while (std::getchar() != EOF) {
-        }
+        SetEvent(OpenEventA(EVENT_MODIFY_STATE, FALSE, "system_tests_held"));
+        WaitForSingleObject(OpenEventA(SYNCHRONIZE, FALSE, "system_tests_release"), 10000);
         CloseClipboard();
         DestroyWindow(owner);
         return 0;

@@ -8,7 +8,6 @@ set(SYSTEM_TEST_SOURCES
   support/system/MessageBoxesTest.cpp
   support/system/PathTextTest.cpp
   support/system/PathsTest.cpp
-  support/system/PeerProcess.cpp
   support/system/ProcessControlTest.cpp
   support/system/ProcessLaunchTest.cpp
   support/system/ShellFoldersTest.cpp
@@ -32,11 +31,7 @@ target_compile_definitions(system_tests PRIVATE
   DRAWTOOL_VERSION_MINOR=${PROJECT_VERSION_MINOR}
   DRAWTOOL_VERSION_PATCH=${PROJECT_VERSION_PATCH})
 
-# The child programs the process tests start, built beside system_tests
-# (bin/), where the tests look for them.
-set(SYSTEM_TEST_CHILDREN child_echo child_exit child_sleep child_window)
-add_executable(child_echo support/system/children/ChildEcho.cpp)
-add_executable(child_exit support/system/children/ChildExit.cpp)
-add_executable(child_sleep support/system/children/ChildSleep.cpp)
-add_executable(child_window support/system/children/ChildWindow.cpp)
-add_dependencies(system_tests ${SYSTEM_TEST_CHILDREN})
+# The child program the process tests start, built beside system_tests
+# (bin/), where the tests look for it.
+add_executable(child support/system/children/Child.cpp)
+add_dependencies(system_tests child)
