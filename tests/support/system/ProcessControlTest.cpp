@@ -41,25 +41,13 @@ public:
 ::testing::Environment* const ChildReaper = ::testing::AddGlobalTestEnvironment(new NoChildLeftBehind);
 
 // Starts the child with a window ("close") or two ("ignore LOG") and waits up to 10 s until
-// that many top-level windows of it exist.
-int StartWindows(PROCESS_INFORMATION& info, std::vector<CString> arguments, int count)
+// they exist.
+int StartWindows(PROCESS_INFORMATION& info, std::vector<CString> arguments)
 {
+    const HANDLE ready = CreateEventA(nullptr, TRUE, FALSE, "system_tests_windows");
     const int id = LaunchProcessInfo(&info, ChildProgram().c_str(), arguments, "", SW_HIDE, 0, nullptr, nullptr);
-    struct Search {
-        DWORD id;
-        int count;
-    } search = {};
-    for (int i = 0; i < 1000 && search.count < count; ++i, Sleep(10)) {
-        search = {static_cast<DWORD>(id), 0};
-        EnumWindows(
-            [](HWND window, LPARAM found) -> BOOL {
-                DWORD owner = 0;
-                GetWindowThreadProcessId(window, &owner);
-                reinterpret_cast<Search*>(found)->count += owner == reinterpret_cast<Search*>(found)->id;
-                return TRUE;
-            },
-            reinterpret_cast<LPARAM>(&search));
-    }
+    WaitForSingleObject(ready, id ? 10000 : 0);
+    CloseHandle(ready);
     return id;
 }
 
@@ -78,7 +66,7 @@ bool IsRunning(HANDLE process)
 TEST(ProcessClose, WindowedChildClosesPolitelyOnItsCloseRequest)
 {
     PROCESS_INFORMATION info;
-    int id = StartWindows(info, {"close"}, 1);
+    int id = StartWindows(info, {"close"});
     ASSERT_NE(0, id);
     EXPECT_EQ(static_cast<int>(STILL_ACTIVE), CloseProcessById(&id)) << "the code read before the request";
     EXPECT_EQ(7, GetProcessExitCodeByHandle(info.hProcess)) << "ended by its own WM_CLOSE handling";
@@ -99,7 +87,7 @@ TEST(ProcessClose, ChildIgnoringItsCloseRequestIsTerminatedAfterFiveSeconds)
     const ScratchDir dir("close_ignored");
     const std::string log = dir / "close.log";
     PROCESS_INFORMATION info;
-    ASSERT_NE(0, StartWindows(info, {"ignore", log.c_str()}, 2));
+    ASSERT_NE(0, StartWindows(info, {"ignore", log.c_str()}));
     HANDLE watch = nullptr;
     DuplicateHandle(GetCurrentProcess(), info.hProcess, GetCurrentProcess(), &watch, 0, FALSE, DUPLICATE_SAME_ACCESS);
     const ULONGLONG start = GetTickCount64();

@@ -11,7 +11,8 @@
 //                     unset), the start-up record "FLAGS SHOW IOE" (flags in hex, show
 //                     value, 1 or 0 for each standard handle set: "101 7 001") and its own
 //                     executable; the file appears complete at once.
-// The window modes end by themselves after 30 s with exit code 99.
+// The window modes set the event "system_tests_windows" once their windows exist and end by
+// themselves after 30 s with exit code 99.
 #include <windows.h>
 
 #include <cstdio>
@@ -83,6 +84,7 @@ static int Windows()
         if (title[0] == 'f' || IgnoreLog)
             CreateWindowA("ChildWindow", title, WS_OVERLAPPEDWINDOW, 0, 0, 200, 100, nullptr, nullptr,
                           windowClass.hInstance, nullptr);
+    SetEvent(OpenEventA(EVENT_MODIFY_STATE, FALSE, "system_tests_windows"));
     SetTimer(nullptr, 0, 30000, nullptr);
     MSG message;
     while (GetMessageA(&message, nullptr, 0, 0) > 0) {
