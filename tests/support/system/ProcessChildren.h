@@ -1,6 +1,8 @@
-// The child program the process tests start (built beside the test program), and waits on
-// it that never hang the suite.
+// The child program the process, clipboard and version tests start (built beside the test
+// program), and waits on it that never hang the suite.
 #pragma once
+
+#include "support/system/ProcessLaunch.h"
 
 #include "SystemTestHelpers.h"
 
@@ -44,4 +46,17 @@ inline std::vector<std::string> EchoLines(const std::string& path)
         lines.push_back(line);
     lines.resize(5);
     return lines;
+}
+
+/// Runs the child with the arguments to its end (at most 10 s), its standard error going to
+/// a file; its exit code, and in output what it wrote there.
+inline int RunChild(const char* arguments, std::string& output)
+{
+    const std::string file = (std::filesystem::temp_directory_path() / "system_tests_child.txt").string();
+    const HANDLE child = LaunchProcessHandle(ChildProgram().c_str(), arguments, "", SW_HIDE, file.c_str());
+    const int code = child ? static_cast<int>(ExitCodeAfterWait(child)) : -1;
+    if (child)
+        CloseHandle(child);
+    output = ReadFileText(file);
+    return code;
 }

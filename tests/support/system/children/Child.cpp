@@ -5,6 +5,13 @@
 //   close             one window; WM_CLOSE ends the process with exit code 7
 //   ignore LOG        two windows, "first" and "second"; each WM_CLOSE appends
 //                     "WM_CLOSE <title>" to LOG and is otherwise ignored
+//   get               writes the clipboard's text to standard error
+//   set TEXT U        SetClipboardText(TEXT, U); exits with its result
+//   hold              opens the clipboard for a window of its own, sets the event
+//                     "system_tests_held" and keeps it open until "system_tests_release"
+//                     is set (at most 10 s)
+//   names             writes "product result|name|legal result|text" of its own version
+//                     block to standard error
 //   anything else     echo: writes to the file named by CHILD_ECHO_FILE (default
 //                     "child_echo.txt"), one line each, the command line exactly as the
 //                     system passed it, the current directory, CHILD_ECHO_MARK ("" when
@@ -13,6 +20,9 @@
 //                     executable; the file appears complete at once.
 // The window modes set the event "system_tests_windows" once their windows exist and end by
 // themselves after 30 s with exit code 99.
+#include "support/system/Clipboard.h"
+#include "support/system/VersionInfo.h"
+
 #include <windows.h>
 
 #include <cstdio>
@@ -109,6 +119,28 @@ int main(int argc, char** argv)
         Sleep(argc > 2 ? static_cast<DWORD>(std::atol(argv[2])) : 30000);
         return 3;
     }
+    if (mode == "get")
+        Put(STD_ERROR_HANDLE, CString(GetClipboardText(nullptr)).GetString());
+    if (mode == "set" && argc > 3)
+        return SetClipboardText(nullptr, argv[2], static_cast<UINT>(std::atoi(argv[3])));
+    if (mode == "hold") {
+        // Held through a window: Wine lets a second null owner open a clipboard held by a null owner.
+        const HWND owner = CreateWindowExA(0, "STATIC", "", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr);
+        if (!owner || !OpenClipboard(owner))
+            return 2;
+        SetEvent(OpenEventA(EVENT_MODIFY_STATE, FALSE, "system_tests_held"));
+        WaitForSingleObject(OpenEventA(SYNCHRONIZE, FALSE, "system_tests_release"), 10000);
+        CloseClipboard();
+        DestroyWindow(owner);
+    }
+    if (mode == "names") {
+        CString product, legal;
+        const int productFound = GetAppProductName(product), legalFound = GetAppLegalNotice(legal);
+        Put(STD_ERROR_HANDLE, (std::to_string(productFound) + "|" + product.GetString() + "|" +
+                               std::to_string(legalFound) + "|" + legal.GetString()).c_str());
+    }
+    if (mode == "get" || mode == "hold" || mode == "names")
+        return 0;
     if (mode == "ignore" && argc > 2)
         IgnoreLog = argv[2];
     return mode == "close" || IgnoreLog ? Windows() : Echo();
