@@ -46,8 +46,8 @@ TEST(VersionInfo, PartsComeFromTheResourceModulesFixedRecord)
         AfxSetResourceHandle(row.module);
         int found = -1;
         const std::vector<DWORD> parts = PartsOf(row.read, found);
-        EXPECT_EQ(found, row.found) << "module " << row.module << (row.read == GetFileVersionParts ? " file" : " product");
-        EXPECT_EQ(parts, row.parts) << "module " << row.module << (row.read == GetFileVersionParts ? " file" : " product");
+        EXPECT_EQ(std::make_pair(found, parts), std::make_pair(row.found, row.parts))
+            << "module " << row.module << (row.read == GetFileVersionParts ? " file" : " product");
     }
     AfxSetResourceHandle(nullptr);
     FreeLibrary(dll);
