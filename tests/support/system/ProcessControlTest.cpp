@@ -68,7 +68,10 @@ TEST(ProcessClose, WindowedChildClosesPolitelyOnItsCloseRequest)
     PROCESS_INFORMATION info;
     int id = StartWindows(info, {"close"});
     ASSERT_NE(0, id);
+    // A window of another process, above the child's: the request goes past it.
+    const HWND other = CreateWindowA("STATIC", "other", WS_OVERLAPPED, 0, 0, 10, 10, nullptr, nullptr, nullptr, nullptr);
     EXPECT_EQ(static_cast<int>(STILL_ACTIVE), CloseProcessById(&id)) << "the code read before the request";
+    DestroyWindow(other);
     EXPECT_EQ(7, GetProcessExitCodeByHandle(info.hProcess)) << "ended by its own WM_CLOSE handling";
     EXPECT_EQ(7, CloseProcessInfo(&info)) << "an ended process is only tidied up";
     EXPECT_TRUE(!info.hProcess && !info.hThread);
