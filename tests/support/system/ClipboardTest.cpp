@@ -1,5 +1,5 @@
 // The clipboard for real: text set and read back in this process and through a second process.
-#include "PeerProcess.h"
+#include "ProcessChildren.h"
 #include "support/system/Clipboard.h"
 
 #include <gtest/gtest.h>
@@ -39,8 +39,8 @@ std::basic_string<Char> Data(UINT format)
 
 } // namespace
 
-// Text set here reads back here and in the peer, with the OEM form of non-ASCII characters and, only when
-// asked, the Unicode form; text the peer sets reads back here.
+// Text set here reads back here and in the child, with the OEM form of non-ASCII characters and, only when
+// asked, the Unicode form; text the child sets reads back here.
 TEST(Clipboard, TextRoundTripsHereAndThroughASecondProcess)
 {
     const std::string text = "Gr\xfc\xdf" "e \xe9";       // "Grüße é" in code page 1252
@@ -55,29 +55,32 @@ TEST(Clipboard, TextRoundTripsHereAndThroughASecondProcess)
         ADD_FAILURE() << "code pages " << GetACP() << " and " << GetOEMCP() << ": no expected texts";
     }
     std::string output;
-    EXPECT_EQ(RunPeer("get", output), 0);
-    EXPECT_EQ(output, text) << "read by the peer";
+    EXPECT_EQ(RunChild("get", output), 0);
+    EXPECT_EQ(output, text) << "read by the child";
 
-    EXPECT_EQ(RunPeer("set \"from the peer\" 0", output), 1);
-    EXPECT_EQ(std::string(GetClipboardText(nullptr)), "from the peer");
+    EXPECT_EQ(RunChild("set \"from the child\" 0", output), 1);
+    EXPECT_EQ(std::string(GetClipboardText(nullptr)), "from the child");
     EXPECT_EQ(PlacedFormats(), (std::vector<UINT>{CF_TEXT, CF_OEMTEXT}));
     ASSERT_EQ(SetClipboardText(nullptr, nullptr, 1), 1);
     EXPECT_EQ(std::string(GetClipboardText(nullptr)), "") << "a null text";
     EXPECT_EQ(PlacedFormats(), (std::vector<UINT>{CF_TEXT, CF_OEMTEXT, CF_UNICODETEXT})) << "a null text";
 }
 
-// While the peer holds the clipboard open, reading gives empty text and setting gives 0, and the text
+// While the child holds the clipboard open, reading gives empty text and setting gives 0, and the text
 // already there survives; an empty clipboard gives empty text.
 TEST(Clipboard, HeldOrEmptyClipboardGivesEmptyTextAndZero)
 {
     ASSERT_EQ(SetClipboardText(nullptr, "kept", 0), 1);
-    {
-        PeerProcess holder("hold");
-        ASSERT_EQ(holder.Read(4), "held");
-        EXPECT_EQ(std::string(GetClipboardText(nullptr)), "") << "held by the peer";
-        EXPECT_EQ(SetClipboardText(nullptr, "refused", 1), 0) << "held by the peer";
-        EXPECT_EQ(holder.Finish(), 0);
-    }
+    const HANDLE held = CreateEventA(nullptr, TRUE, FALSE, "system_tests_held");
+    const HANDLE release = CreateEventA(nullptr, TRUE, FALSE, "system_tests_release");
+    const HANDLE holder = LaunchProcessHandle(ChildProgram().c_str(), "hold", "", SW_HIDE, nullptr);
+    ASSERT_EQ(WaitForSingleObject(held, 10000), WAIT_OBJECT_0) << "the child holds the clipboard";
+    EXPECT_EQ(std::string(GetClipboardText(nullptr)), "") << "held by the child";
+    EXPECT_EQ(SetClipboardText(nullptr, "refused", 1), 0) << "held by the child";
+    SetEvent(release);
+    EXPECT_EQ(ExitCodeAfterWait(holder), 0u);
+    for (HANDLE handle : {holder, held, release})
+        CloseHandle(handle);
     EXPECT_EQ(std::string(GetClipboardText(nullptr)), "kept");
     ASSERT_TRUE(OpenClipboard(nullptr));
     EmptyClipboard();

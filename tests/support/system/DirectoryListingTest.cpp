@@ -52,6 +52,7 @@ TEST(DirectoryListing, ListSubdirsListsVisibleDirectories)
     SetFileAttributesA((scratch / "hidden").c_str(), FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_DIRECTORY);
     const struct { std::string pattern; std::vector<std::string> expected; } cases[] = {
         {scratch / "run*", {"run1", "run2"}},
+        {scratch / "*1", {"run1"}},                  // a wild card first
         {scratch / "data", {"data", "run1", "run2"}}, // no wild card: the directory part is listed
         {scratch / "none\\*", {}},
     };

@@ -1,42 +1,34 @@
 // File times of real files whose stamps the test sets, read back as local time values.
 #include "support/system/FileTimes.h"
+#include "SystemTestHelpers.h"
 
 #include <windows.h>
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
 #include <string>
 #include <vector>
 
 namespace {
 
-// Seconds between 1601-01-01 and 1970-01-01, and 100-ns ticks per second.
-constexpr long long EpochGap = 11644473600LL;
-constexpr long long TicksPerSecond = 10000000LL;
+constexpr long long EpochGap = 11644473600LL;   // seconds from 1601-01-01 to 1970-01-01
 
-FILETIME Stamp(long long secondsSince1970)
-{
-    const unsigned long long ticks = static_cast<unsigned long long>((secondsSince1970 + EpochGap) * TicksPerSecond);
-    return FILETIME{static_cast<DWORD>(ticks), static_cast<DWORD>(ticks >> 32)};
-}
-
-long long SecondsOf(const FILETIME& stamp)
-{
-    return static_cast<long long>((static_cast<unsigned long long>(stamp.dwHighDateTime) << 32) | stamp.dwLowDateTime)
-               / TicksPerSecond - EpochGap;
-}
-
-/// Makes the file, sets its access and write stamps and returns the three stamps the system now reports.
+/// Makes the file with these access and write stamps (seconds since 1970); the three stamps
+/// the system then reports, creation first.
 std::vector<long long> MakeFile(const std::string& path, long long accessed, long long written)
 {
     const HANDLE file = CreateFileA(path.c_str(), GENERIC_READ | GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
-    const FILETIME access = Stamp(accessed), write = Stamp(written);
-    SetFileTime(file, nullptr, &access, &write);
-    FILETIME stamps[3] = {};
-    GetFileTime(file, &stamps[0], &stamps[1], &stamps[2]);
+    ULARGE_INTEGER ticks[3] = {};
+    ticks[1].QuadPart = static_cast<ULONGLONG>((accessed + EpochGap) * 10000000LL);
+    ticks[2].QuadPart = static_cast<ULONGLONG>((written + EpochGap) * 10000000LL);
+    SetFileTime(file, nullptr, reinterpret_cast<FILETIME*>(&ticks[1]), reinterpret_cast<FILETIME*>(&ticks[2]));
+    GetFileTime(file, reinterpret_cast<FILETIME*>(&ticks[0]), reinterpret_cast<FILETIME*>(&ticks[1]),
+                reinterpret_cast<FILETIME*>(&ticks[2]));
     CloseHandle(file);
-    return {SecondsOf(stamps[0]), SecondsOf(stamps[1]), SecondsOf(stamps[2])};
+    std::vector<long long> seconds;
+    for (const ULARGE_INTEGER& stamp : ticks)
+        seconds.push_back(static_cast<long long>(stamp.QuadPart / 10000000ULL) - EpochGap);
+    return seconds;
 }
 
 std::vector<long long> TimesOf(const std::string& path, int& result)
@@ -55,9 +47,8 @@ TEST(FileTimes, StampsReadBackAsTimeValuesAndBefore1900AsZero)
 {
     TIME_ZONE_INFORMATION zone{};
     const long long slack = GetTimeZoneInformation(&zone) == TIME_ZONE_ID_UNKNOWN ? 0 : 3600;
-    const std::filesystem::path dir = std::filesystem::temp_directory_path() / "system_tests_times";
-    std::filesystem::create_directories(dir);
-    const std::string path = (dir / "stamped.txt").string();
+    const ScratchDir dir("times");
+    const std::string path = dir / "stamped.txt";
     const long long accessed = 1614834367;   // 2021-03-04 05:06:07 UTC
     const long long written = 1000000000;    // 2001-09-09 01:46:40 UTC
     const std::vector<long long> reported = MakeFile(path, accessed, written);
@@ -72,7 +63,7 @@ TEST(FileTimes, StampsReadBackAsTimeValuesAndBefore1900AsZero)
     const struct {
         std::string path;
         const char* why;
-    } unreadable[] = {{path, "held without sharing"}, {(dir / "missing.txt").string(), "missing"}, {"", "null name"}};
+    } unreadable[] = {{path, "held without sharing"}, {dir / "missing.txt", "missing"}, {"", "null name"}};
     for (const auto& row : unreadable) {
         EXPECT_EQ(TimesOf(row.path, result), (std::vector<long long>{0, 0, 0})) << row.why;
         EXPECT_EQ(result, 0) << row.why;
@@ -83,12 +74,12 @@ TEST(FileTimes, StampsReadBackAsTimeValuesAndBefore1900AsZero)
 
     // ext4 keeps nothing before 1901; a tmpfs keeps any stamp.
     const std::string early = "Z:\\dev\\shm\\system_tests_1850.txt";
-    const long long in1950 = -615859200;     // 1950-06-30 00:00:00 UTC
+    const long long in1900 = -2194732800;    // 1900-06-15 00:00:00 UTC
     const long long in1850 = -3786825600;    // 1850-01-01 00:00:00 UTC
-    if (MakeFile(early, in1950, in1850)[2] != in1850)
+    if (MakeFile(early, in1900, in1850)[2] != in1850)
         GTEST_SKIP() << "no file system here keeps a stamp from 1850";
     const std::vector<long long> earlyTimes = TimesOf(early, result);
-    EXPECT_EQ(earlyTimes[1], -1) << "last access in 1950: the runtime has no time value before 1970";
+    EXPECT_EQ(earlyTimes[1], -1) << "last access in 1900: the runtime has no time value before 1970";
     EXPECT_EQ(earlyTimes[2], 0) << "last write in 1850";
     DeleteFileA(early.c_str());
 }

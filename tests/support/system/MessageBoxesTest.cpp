@@ -1,31 +1,8 @@
 // Formatted and numbered message boxes, captured by an application object that records each box.
-#include "AfxWinApp.h"
 #include "support/system/MessageBoxes.h"
+#include "SystemTestHelpers.h"
 
 #include <gtest/gtest.h>
-
-#include <cstdint>
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
-#include <string>
-#include <vector>
-
-namespace {
-
-struct RecordingApp : CWinApp {
-    RecordingApp() : CWinApp("Recorder") {}
-    int DoMessageBox(const char* prompt, UINT type, UINT help) override
-    {
-        boxes.push_back(std::string(prompt) + "|" + std::to_string(type) + "|" + std::to_string(help));
-        return IDRETRY;
-    }
-    std::vector<std::string> boxes;
-};
-
-int Raised = 0;
-
-} // namespace
 
 // Bounded formatting: 4096 characters fit; one more raises the invalid-parameter condition once and,
 // with the host's handler returning, shows an empty box; so does a null format.
@@ -33,18 +10,16 @@ TEST(MessageBoxes, FormattedTextUpTo4096CharactersElseEmpty)
 {
     RecordingApp app;
     const std::string longest(4096, 'x'), tooLong(4097, 'x');
-    const _invalid_parameter_handler previous = _set_invalid_parameter_handler(
-        [](const wchar_t*, const wchar_t*, const wchar_t*, unsigned, uintptr_t) { ++Raised; });
+    const InvalidParameterCounter raised;
     EXPECT_EQ(MessageBoxF("%s has %d items, %.2f%%", MB_YESNO | MB_ICONQUESTION, 77, "list", 3, 12.5), IDRETRY);
     MessageBoxF("%s", MB_OK, -1, longest.c_str());
     MessageBoxF("", MB_OK, 0);
-    EXPECT_EQ(Raised, 0);
+    EXPECT_EQ(raised.Raised(), 0);
     MessageBoxF("%s", MB_OK, 0, tooLong.c_str());
-    EXPECT_EQ(Raised, 1) << "over-long text";
+    EXPECT_EQ(raised.Raised(), 1) << "over-long text";
     MessageBoxF("%s%s", MB_OK, 0, longest.c_str(), "!");
     MessageBoxF(nullptr, MB_ICONSTOP, 2);
-    _set_invalid_parameter_handler(previous);
-    EXPECT_EQ(Raised, 3) << "over-long texts and a null format";
+    EXPECT_EQ(raised.Raised(), 3) << "over-long texts and a null format";
     EXPECT_EQ(app.boxes, (std::vector<std::string>{"list has 3 items, 12.50%|36|77", longest + "|0|4294967295", "|0|0",
                                                    "|0|0", "|0|0", "|16|2"}));
 }
@@ -53,11 +28,9 @@ TEST(MessageBoxes, FormattedTextUpTo4096CharactersElseEmpty)
 // become line breaks, lines without a bar are skipped, CR LF endings and long lines are read whole.
 TEST(MessageBoxes, NumberedTextsComeFromTheMessageFile)
 {
-    const std::filesystem::path dir = std::filesystem::temp_directory_path() / "system_tests_messages";
-    std::filesystem::create_directories(dir);
+    const ScratchDir dir("messages");
     const std::string longLine(100000, 'L');
-    std::ofstream(dir / "msg.txt", std::ios::binary)
-        << "Messages of the system tests\r\n"
+    std::ofstream(dir / "msg.txt", std::ios::binary) << "Messages of the system tests\r\n"
            "12|First\\nSecond\r\n"
            "12|Shadowed\r\n"
            "|Zero\\n\r\n"
@@ -68,7 +41,7 @@ TEST(MessageBoxes, NumberedTextsComeFromTheMessageFile)
            "99999999999|Overflow\r\n"
            "8|" << longLine << "\r\n"
            "7|Last";
-    SetMessageFile(dir.string().c_str(), "msg.txt");
+    SetMessageFile(dir.Path().c_str(), "msg.txt");
     const struct {
         int id;
         std::string text;
@@ -87,9 +60,9 @@ TEST(MessageBoxes, NumberedTextsComeFromTheMessageFile)
         EXPECT_EQ(std::string(LoadMessageText(row.id)), row.text) << "id " << row.id;
 
     RecordingApp app;
-    SetMessageFile((dir.string() + "\\").c_str(), "msg.txt");
+    SetMessageFile((dir.Path() + "\\").c_str(), "msg.txt");
     EXPECT_EQ(MessageBoxById(12, MB_OKCANCEL, 9), IDRETRY);
-    SetMessageFile(dir.string().c_str(), "absent.txt");
+    SetMessageFile(dir.Path().c_str(), "absent.txt");
     EXPECT_STREQ(LoadMessageText(12), "");
     MessageBoxById(12, MB_OK, 0);
     SetMessageFile(nullptr, nullptr);

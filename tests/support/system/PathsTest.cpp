@@ -111,13 +111,10 @@ TEST(Paths, GetShortPathGivesTheSystemsShortNameOfExistingFiles)
     const ScratchDir scratch("short");
     scratch.Write("a long name.text");
     const std::string path = scratch / "a long name.text", missing = scratch / "missing name.text";
+    char expected[MAX_PATH] = {};
+    ASSERT_NE(GetShortPathNameA(path.c_str(), expected, MAX_PATH), 0u);
     CString err("stale");
-    const CString shortPath = GetShortPath(path.c_str(), &err);
-    char longAgain[MAX_PATH] = {};
-    GetLongPathNameA(shortPath, longAgain, MAX_PATH);
-    EXPECT_EQ(std::string(shortPath).find(' '), std::string::npos) << "short form " << shortPath.GetString();
-    EXPECT_EQ(std::string(longAgain), path) << "long form of " << shortPath.GetString();
-    EXPECT_EQ(std::string(err), "") << "error text for an existing file";
+    EXPECT_EQ(std::string(GetShortPath(path.c_str(), &err)) + "|" + err.GetString(), std::string(expected) + "|");
     err = "stale";
     EXPECT_EQ(std::string(GetShortPath(missing.c_str(), &err)) + "|" + err.GetString(), missing + "|") << "missing file";
 }

@@ -1,5 +1,5 @@
-// Closing, ending, waiting for and finding real child processes: exit codes,
-// close requests to their windows, the messages a pumping wait dispatches.
+// Closing, ending, waiting for and finding real child processes: exit codes, close requests
+// to their windows, the messages a pumping wait dispatches.
 #include "support/system/ProcessClose.h"
 #include "support/system/ProcessExitCode.h"
 #include "support/system/ProcessLaunch.h"
@@ -7,21 +7,19 @@
 #include "support/system/ProcessWait.h"
 
 #include "ProcessChildren.h"
-#include "SystemTestHelpers.h"
 
 #include <tlhelp32.h>
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <tuple>
 
 namespace {
 
 constexpr int kNoSuchProcess = 0x7FFFFFF0;   // never a process id
 
-// Ends the run by failing when a child program outlives the tests, after
-// ending it: the suite must leave no process behind.
+// Fails the run when a child program outlives the tests, after ending it: the suite must
+// leave no process behind.
 class NoChildLeftBehind : public ::testing::Environment {
 public:
     void TearDown() override
@@ -30,22 +28,32 @@ public:
         PROCESSENTRY32 entry = {};
         entry.dwSize = sizeof(entry);
         for (BOOL more = Process32First(snapshot, &entry); more; more = Process32Next(snapshot, &entry)) {
-            if (_strnicmp(entry.szExeFile, "child_", 6) != 0)
+            if (_stricmp(entry.szExeFile, "child.exe") != 0)
                 continue;
             ADD_FAILURE() << entry.szExeFile << " (id " << entry.th32ProcessID << ") outlived the tests";
-            if (const HANDLE process = OpenProcess(PROCESS_TERMINATE, FALSE, entry.th32ProcessID)) {
-                TerminateProcess(process, 0);
-                CloseHandle(process);
-            }
+            const HANDLE process = OpenProcess(PROCESS_TERMINATE, FALSE, entry.th32ProcessID);
+            TerminateProcess(process, 0);
+            CloseHandle(process);
         }
         CloseHandle(snapshot);
     }
 };
 ::testing::Environment* const ChildReaper = ::testing::AddGlobalTestEnvironment(new NoChildLeftBehind);
 
-HANDLE StartSleeper(const std::string& program, const char* milliseconds = "30000")
+// Starts the child with a window ("close") or two ("ignore LOG") and waits up to 10 s until
+// they exist.
+int StartWindows(PROCESS_INFORMATION& info, std::vector<CString> arguments)
 {
-    return LaunchProcessHandle(program.c_str(), milliseconds, "", SW_HIDE, nullptr);
+    const HANDLE ready = CreateEventA(nullptr, TRUE, FALSE, "system_tests_windows");
+    const int id = LaunchProcessInfo(&info, ChildProgram().c_str(), arguments, "", SW_HIDE, 0, nullptr, nullptr);
+    WaitForSingleObject(ready, id ? 10000 : 0);
+    CloseHandle(ready);
+    return id;
+}
+
+HANDLE StartSleeper(const std::string& program, const char* arguments = "sleep")
+{
+    return LaunchProcessHandle(program.c_str(), arguments, "", SW_HIDE, nullptr);
 }
 
 bool IsRunning(HANDLE process)
@@ -58,10 +66,12 @@ bool IsRunning(HANDLE process)
 TEST(ProcessClose, WindowedChildClosesPolitelyOnItsCloseRequest)
 {
     PROCESS_INFORMATION info;
-    int id = LaunchProcessInfo(&info, ChildPath("child_window.exe").c_str(), {"close"}, "", SW_HIDE, 0, nullptr, nullptr);
+    int id = StartWindows(info, {"close"});
     ASSERT_NE(0, id);
-    ASSERT_TRUE(WaitForWindows(id, 1));
+    // A window of another process, above the child's: the request goes past it.
+    const HWND other = CreateWindowA("STATIC", "other", WS_OVERLAPPED, 0, 0, 10, 10, nullptr, nullptr, nullptr, nullptr);
     EXPECT_EQ(static_cast<int>(STILL_ACTIVE), CloseProcessById(&id)) << "the code read before the request";
+    DestroyWindow(other);
     EXPECT_EQ(7, GetProcessExitCodeByHandle(info.hProcess)) << "ended by its own WM_CLOSE handling";
     EXPECT_EQ(7, CloseProcessInfo(&info)) << "an ended process is only tidied up";
     EXPECT_TRUE(!info.hProcess && !info.hThread);
@@ -80,16 +90,12 @@ TEST(ProcessClose, ChildIgnoringItsCloseRequestIsTerminatedAfterFiveSeconds)
     const ScratchDir dir("close_ignored");
     const std::string log = dir / "close.log";
     PROCESS_INFORMATION info;
-    const int id = LaunchProcessInfo(&info, ChildPath("child_window.exe").c_str(), {"ignore", log.c_str()}, "",
-                                     SW_HIDE, 0, nullptr, nullptr);
-    ASSERT_NE(0, id);
-    ASSERT_TRUE(WaitForWindows(id, 2));
+    ASSERT_NE(0, StartWindows(info, {"ignore", log.c_str()}));
     HANDLE watch = nullptr;
     DuplicateHandle(GetCurrentProcess(), info.hProcess, GetCurrentProcess(), &watch, 0, FALSE, DUPLICATE_SAME_ACCESS);
     const ULONGLONG start = GetTickCount64();
     EXPECT_EQ(static_cast<int>(STILL_ACTIVE), CloseProcessInfo(&info));
-    const ULONGLONG elapsed = GetTickCount64() - start;
-    EXPECT_GE(elapsed, 4900u) << "terminated before its 5000 ms";
+    EXPECT_GE(GetTickCount64() - start, 4900u) << "terminated before its 5000 ms";
     EXPECT_TRUE(!info.hProcess && !info.hThread);
     EXPECT_EQ(0u, ExitCodeAfterWait(watch)) << "terminated with exit code 0";
     CloseHandle(watch);
@@ -100,21 +106,17 @@ TEST(ProcessClose, ChildIgnoringItsCloseRequestIsTerminatedAfterFiveSeconds)
 
 TEST(ProcessExitCode, ReadersTellRunningEndedAndUnknown)
 {
-    const std::string sleeper = ChildPath("child_sleep.exe");
-    const HANDLE running = StartSleeper(sleeper);
-    const HANDLE ended = StartSleeper(sleeper, "0");
+    const std::string sleeper = ChildProgram();
+    const HANDLE running = StartSleeper(sleeper), ended = StartSleeper(sleeper, "sleep 0");
     ASSERT_TRUE(running && ended);
-    int runningId = static_cast<int>(GetProcessId(running));
-    int endedId = static_cast<int>(GetProcessId(ended));
+    int runningId = static_cast<int>(GetProcessId(running)), endedId = static_cast<int>(GetProcessId(ended));
     ASSERT_EQ(3u, ExitCodeAfterWait(ended));
     int zero = 0, none = kNoSuchProcess;
     const int active = static_cast<int>(STILL_ACTIVE);
-    struct Row {
+    const struct {
         const char* call;
-        int got;
-        int expected;
-    };
-    const Row rows[] = {
+        int got, expected;
+    } rows[] = {
         {"ById running", GetProcessExitCodeById(&runningId), active},
         {"ById ended", GetProcessExitCodeById(&endedId), 3},
         {"ById null", GetProcessExitCodeById(nullptr), ExitCodeUnknown},
@@ -123,25 +125,25 @@ TEST(ProcessExitCode, ReadersTellRunningEndedAndUnknown)
         {"ByHandle running", GetProcessExitCodeByHandle(running), active},
         {"ByHandle ended", GetProcessExitCodeByHandle(ended), 3},
         {"ByHandle null", GetProcessExitCodeByHandle(nullptr), ExitCodeUnknown},
-        {"ByName other folder and case", GetProcessExitCodeByName(&runningId, "D:\\y\\CHILD_SLEEP.EXE"), active},
-        {"ByName bare name", GetProcessExitCodeByName(&runningId, "child_sleep.exe"), active},
-        {"ByName other name", GetProcessExitCodeByName(&runningId, "child_sleep.com"), 0},
+        {"ByName other folder and case", GetProcessExitCodeByName(&runningId, "D:\\y\\CHILD.EXE"), active},
+        {"ByName bare name", GetProcessExitCodeByName(&runningId, "child.exe"), active},
+        {"ByName other name", GetProcessExitCodeByName(&runningId, "child.com"), 0},
         {"ByName null name", GetProcessExitCodeByName(&runningId, nullptr), 0},
-        {"ByName null id", GetProcessExitCodeByName(nullptr, "child_sleep.exe"), ExitCodeUnknown},
-        {"ByName unused id", GetProcessExitCodeByName(&none, "child_sleep.exe"), ExitCodeUnknown},
+        {"ByName null id", GetProcessExitCodeByName(nullptr, "child.exe"), ExitCodeUnknown},
+        {"ByName unused id", GetProcessExitCodeByName(&none, "child.exe"), ExitCodeUnknown},
         {"End 0", EndProcessIfRunning(0), 0},
         {"End unused id", EndProcessIfRunning(kNoSuchProcess), ExitCodeUnknown},
         {"End ended", EndProcessIfRunning(endedId), 3},
-        {"End running, other name", EndProcessIfRunning(runningId, "child_exit.exe"), 0},
+        {"End running, other name", EndProcessIfRunning(runningId, "other.exe"), 0},
         {"Terminate null, code", TerminateProcessHandle(nullptr, &endedId), endedId},
         {"Terminate null", TerminateProcessHandle(nullptr), 0},
     };
-    for (const Row& row : rows)
+    for (const auto& row : rows)
         EXPECT_EQ(row.expected, row.got) << row.call;
     EXPECT_EQ(3u, ExitCodeAfterWait(ended, 0)) << "an ended process is left as it was";
     ASSERT_TRUE(IsRunning(running)) << "a name that differs ends nothing";
 
-    EXPECT_EQ(0, EndProcessIfRunning(runningId, "child_sleep.exe"));
+    EXPECT_EQ(0, EndProcessIfRunning(runningId, "child.exe"));
     EXPECT_EQ(0u, ExitCodeAfterWait(running)) << "terminated with exit code 0";
     const HANDLE another = StartSleeper(sleeper);
     EXPECT_EQ(0, TerminateProcessHandle(another));
@@ -153,40 +155,31 @@ TEST(ProcessExitCode, ReadersTellRunningEndedAndUnknown)
 TEST(ProcessQuery, CountsByFileNameAndKillsByExactPath)
 {
     const ScratchDir dir("query_copy");
-    const std::string original = ChildPath("child_sleep.exe");
-    const std::string copy = dir / "CHILD_SLEEP.EXE";
+    const std::string original = ChildProgram(), copy = dir / "CHILD.EXE";
     ASSERT_TRUE(CopyFileA(original.c_str(), copy.c_str(), FALSE));
-    const HANDLE first = StartSleeper(original);
-    const HANDLE second = StartSleeper(copy);
+    const HANDLE first = StartSleeper(original), second = StartSleeper(copy);
     ASSERT_TRUE(first && second);
     for (int i = 0; i < 500 && CountProcessesByFileName(original.c_str()) < 2; ++i)
         Sleep(10);   // until both have loaded their executable
-
-    std::string lower = copy;
-    std::transform(lower.begin(), lower.end(), lower.begin(), [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
     const struct {
         const char* executable;
         int count;
     } counts[] = {
-        {original.c_str(), 2},
-        {"D:\\nowhere\\Child_Sleep.exe", 2},
-        {" child_sleep.exe ", 2},
-        {"child_sleep", 0},
+        {original.c_str(), 2}, {"D:\\nowhere\\Child.exe", 2}, {" child.exe ", 2}, {"child", 0},
         {dir.Path().c_str(), 0},   // an existing folder is compared whole
         {nullptr, 0},
     };
     for (const auto& row : counts)
         EXPECT_EQ(row.count, CountProcessesByFileName(row.executable)) << (row.executable ? row.executable : "(null)");
 
+    for (const std::string& other : std::vector<std::string>{"", "D:\\nowhere\\child.exe", " " + original})
+        EXPECT_EQ(0, KillProcessesByPath(other.c_str())) << other;
     EXPECT_EQ(0, KillProcessesByPath(nullptr));
-    EXPECT_EQ(0, KillProcessesByPath(""));
-    EXPECT_EQ(0, KillProcessesByPath(("D:\\nowhere\\child_sleep.exe")));
-    EXPECT_EQ(0, KillProcessesByPath((" " + original).c_str()));
     EXPECT_TRUE(IsRunning(first) && IsRunning(second)) << "paths that are not the executable's end nothing";
     EXPECT_EQ(0, KillProcessesByPath(original.c_str()));
     EXPECT_EQ(0u, ExitCodeAfterWait(first));
     EXPECT_TRUE(IsRunning(second)) << "the copy elsewhere runs on";
-    EXPECT_EQ(0, KillProcessesByPath(lower.c_str()));
+    EXPECT_EQ(0, KillProcessesByPath((dir / "child.exe").c_str())) << "in another case";
     EXPECT_EQ(0u, ExitCodeAfterWait(second));
     CloseHandle(first);
     CloseHandle(second);
@@ -195,72 +188,54 @@ TEST(ProcessQuery, CountsByFileNameAndKillsByExactPath)
 
 namespace {
 
-// A window that records the messages the pumping wait sends and dispatches.
-class RecordingWindow {
-public:
-    using Record = std::tuple<UINT, WPARAM, LPARAM>;
-    RecordingWindow()
-    {
-        WNDCLASSA windowClass = {};
-        windowClass.lpfnWndProc = Procedure;
-        windowClass.hInstance = GetModuleHandleA(nullptr);
-        windowClass.lpszClassName = "RecordingWindow";
-        RegisterClassA(&windowClass);
-        m_window = CreateWindowA("RecordingWindow", "", WS_OVERLAPPED, 0, 0, 10, 10, nullptr, nullptr,
-                                 windowClass.hInstance, nullptr);
-        Records().clear();
-    }
-    ~RecordingWindow() { DestroyWindow(m_window); }
-    HWND Handle() const { return m_window; }
-    static std::vector<Record>& Records()
-    {
-        static std::vector<Record> records;
-        return records;
-    }
+// What the recording window received: the notify message and WM_APP, with their parameters.
+std::vector<std::tuple<UINT, WPARAM, LPARAM>> Records;
 
-private:
-    static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
-    {
-        if (message == ProcessNotifyMessage || message == WM_APP)
-            Records().emplace_back(message, wParam, lParam);
-        return DefWindowProcA(window, message, wParam, lParam);
-    }
-    HWND m_window;
-};
+LRESULT CALLBACK RecordingProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
+{
+    if (message == ProcessNotifyMessage || message == WM_APP)
+        Records.emplace_back(message, wParam, lParam);
+    return DefWindowProcA(window, message, wParam, lParam);
+}
 
 } // namespace
 
 TEST(ProcessWait, PumpingNotifiesTheWindowAndDispatchesWhileTheChildRuns)
 {
-    const RecordingWindow window;
-    auto& records = RecordingWindow::Records();
-    const std::string sleeper = ChildPath("child_sleep.exe");
+    WNDCLASSA windowClass = {};
+    windowClass.lpfnWndProc = RecordingProcedure;
+    windowClass.lpszClassName = "RecordingWindow";
+    RegisterClassA(&windowClass);
+    const HWND window = CreateWindowA("RecordingWindow", "", WS_OVERLAPPED, 0, 0, 10, 10, nullptr, nullptr, nullptr,
+                                      nullptr);
+    using Sequence = std::vector<std::tuple<UINT, WPARAM, LPARAM>>;
+    const std::string child = ChildProgram();
     EXPECT_EQ(0x407u, ProcessNotifyMessage);
 
-    PostMessageA(window.Handle(), WM_APP, 1, 0);
-    EXPECT_EQ(0, RunProcessPumping(window.Handle(), sleeper.c_str(), {"300"}, "", SW_HIDE, 0));
-    ASSERT_EQ(3u, records.size());
-    const int id = static_cast<int>(std::get<2>(records[0]));
+    PostMessageA(window, WM_APP, 1, 0);
+    EXPECT_EQ(0, RunProcessPumping(window, child.c_str(), {"sleep", "300"}, "", SW_HIDE, 0));
+    ASSERT_EQ(3u, Records.size());
+    const int id = static_cast<int>(std::get<2>(Records[0]));
     EXPECT_NE(0, id);
-    EXPECT_EQ((std::vector<RecordingWindow::Record>{{0x407, 2123, id}, {WM_APP, 1, 0}, {0x407, 2123, 0}}), records);
+    EXPECT_EQ((Sequence{{0x407, 2123, id}, {WM_APP, 1, 0}, {0x407, 2123, 0}}), Records);
 
     // A WM_QUIT ends the wait; what was queued behind it is still dispatched.
-    records.clear();
+    Records.clear();
     PostThreadMessageA(GetCurrentThreadId(), WM_QUIT, 0, 0);
-    PostMessageA(window.Handle(), WM_APP, 2, 0);
-    EXPECT_EQ(0, RunProcessPumping(window.Handle(), sleeper.c_str(), {"30000"}, "", SW_HIDE, 0));
-    ASSERT_EQ(3u, records.size());
-    int runningId = static_cast<int>(std::get<2>(records[0]));
-    EXPECT_EQ((std::vector<RecordingWindow::Record>{{0x407, 2123, runningId}, {WM_APP, 2, 0}, {0x407, 2123, 0}}),
-              records);
+    PostMessageA(window, WM_APP, 2, 0);
+    EXPECT_EQ(0, RunProcessPumping(window, child.c_str(), {"sleep"}, "", SW_HIDE, 0));
+    ASSERT_EQ(3u, Records.size());
+    int runningId = static_cast<int>(std::get<2>(Records[0]));
+    EXPECT_EQ((Sequence{{0x407, 2123, runningId}, {WM_APP, 2, 0}, {0x407, 2123, 0}}), Records);
     MSG message;
     EXPECT_FALSE(PeekMessageA(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE)) << "the WM_QUIT is not posted again";
     EXPECT_EQ(static_cast<int>(STILL_ACTIVE), GetProcessExitCodeById(&runningId)) << "the child runs on";
     EXPECT_EQ(0, EndProcessIfRunning(runningId));
 
-    records.clear();
-    EXPECT_EQ(0, RunProcessPumping(window.Handle(), "no_such_program.exe", {}, "", SW_HIDE, 0));
-    EXPECT_EQ((std::vector<RecordingWindow::Record>{{0x407, 2123, 0}, {0x407, 2123, 0}}), records);
-    EXPECT_EQ(0, RunProcessPumping(ChildPath("child_exit.exe").c_str(), {"4"}, "", SW_HIDE, 0));
+    Records.clear();
+    EXPECT_EQ(0, RunProcessPumping(window, "no_such_program.exe", {}, "", SW_HIDE, 0));
+    EXPECT_EQ((Sequence{{0x407, 2123, 0}, {0x407, 2123, 0}}), Records);
+    EXPECT_EQ(0, RunProcessPumping(child.c_str(), {"exit", "4"}, "", SW_HIDE, 0));
     EXPECT_EQ(0, RunProcessPumping(" ", {}, "", SW_HIDE, 0));
+    DestroyWindow(window);
 }

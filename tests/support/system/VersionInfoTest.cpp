@@ -1,7 +1,7 @@
 // Version numbers from real version resources (this program's, the drawing
 // DLL's, a module without one) and names from the host executable's block.
 #include "AfxWinApp.h"
-#include "PeerProcess.h"
+#include "ProcessChildren.h"
 #include "support/system/VersionInfo.h"
 
 #include <gtest/gtest.h>
@@ -46,8 +46,8 @@ TEST(VersionInfo, PartsComeFromTheResourceModulesFixedRecord)
         AfxSetResourceHandle(row.module);
         int found = -1;
         const std::vector<DWORD> parts = PartsOf(row.read, found);
-        EXPECT_EQ(found, row.found) << "module " << row.module << (row.read == GetFileVersionParts ? " file" : " product");
-        EXPECT_EQ(parts, row.parts) << "module " << row.module << (row.read == GetFileVersionParts ? " file" : " product");
+        EXPECT_EQ(std::make_pair(found, parts), std::make_pair(row.found, row.parts))
+            << "module " << row.module << (row.read == GetFileVersionParts ? " file" : " product");
     }
     AfxSetResourceHandle(nullptr);
     FreeLibrary(dll);
@@ -55,7 +55,7 @@ TEST(VersionInfo, PartsComeFromTheResourceModulesFixedRecord)
 }
 
 // Names come from the host executable's block in its translation's language (this program lists a German
-// table first); the peer's block has a product name and no LegalCopyright.
+// table first); the child's block has a product name and no LegalCopyright.
 TEST(VersionInfo, NamesComeFromTheHostExecutableInItsTranslation)
 {
     CString product = "stale", legal = "stale";
@@ -65,6 +65,6 @@ TEST(VersionInfo, NamesComeFromTheHostExecutableInItsTranslation)
     EXPECT_STREQ(legal, "Copyright (C) 2026 Moru");
 
     std::string output;
-    EXPECT_EQ(RunPeer("names", output), 0);
-    EXPECT_EQ(output, "1|Moru system peer|0|") << "product found|name|legal found|text";
+    EXPECT_EQ(RunChild("names", output), 0);
+    EXPECT_EQ(output, "1|Moru test child|0|") << "product found|name|legal found|text";
 }

@@ -8,7 +8,6 @@ set(SYSTEM_TEST_SOURCES
   support/system/MessageBoxesTest.cpp
   support/system/PathTextTest.cpp
   support/system/PathsTest.cpp
-  support/system/PeerProcess.cpp
   support/system/ProcessControlTest.cpp
   support/system/ProcessLaunchTest.cpp
   support/system/ShellFoldersTest.cpp
@@ -20,23 +19,18 @@ if(SYSTEM_TEST_SOURCES)
   target_link_libraries(system_tests PRIVATE support)
 endif()
 
-# The second process of the clipboard and version tests (a version block
-# without LegalCopyright), and a module without any version resource.
-add_executable(system_peer support/system/SystemPeer.cpp support/system/SystemPeer.rc)
-target_link_libraries(system_peer PRIVATE support)
+# A module without any version resource.
 add_library(no_version SHARED support/system/NoVersion.c)
 set_target_properties(no_version PROPERTIES PREFIX "")
-add_dependencies(system_tests system_peer no_version drawtool)
+add_dependencies(system_tests no_version drawtool)
 target_compile_definitions(system_tests PRIVATE
   DRAWTOOL_VERSION_MAJOR=${PROJECT_VERSION_MAJOR}
   DRAWTOOL_VERSION_MINOR=${PROJECT_VERSION_MINOR}
   DRAWTOOL_VERSION_PATCH=${PROJECT_VERSION_PATCH})
 
-# The child programs the process tests start, built beside system_tests
-# (bin/), where the tests look for them.
-set(SYSTEM_TEST_CHILDREN child_echo child_exit child_sleep child_window)
-add_executable(child_echo support/system/children/ChildEcho.cpp)
-add_executable(child_exit support/system/children/ChildExit.cpp)
-add_executable(child_sleep support/system/children/ChildSleep.cpp)
-add_executable(child_window support/system/children/ChildWindow.cpp)
-add_dependencies(system_tests ${SYSTEM_TEST_CHILDREN})
+# The child program the process, clipboard and version tests start (its
+# version block has a product name and no LegalCopyright), built beside
+# system_tests (bin/), where the tests look for it.
+add_executable(child support/system/children/Child.cpp support/system/children/Child.rc)
+target_link_libraries(child PRIVATE support)
+add_dependencies(system_tests child)
