@@ -1,10 +1,10 @@
 #include "common/DibCanvas.h"
 #include "common/EmfRecording.h"
+#include "common/HostDcState.h"
 #include "drawtool/DrawTool.h"
 
 #include <gtest/gtest.h>
 
-#include <memory>
 
 namespace {
 
@@ -18,19 +18,6 @@ CPoint ViewportOriginFor(int mode, RECT* rect, int orgX, int orgY)
     tool.Initialize(rect, mode);
     const POINTL origin = RecordsOfType(recorder.Finish(), EMR_SETVIEWPORTORGEX).at(0).As<EMRSETVIEWPORTORGEX>().ptlOrigin;
     return CPoint(origin.x, origin.y);
-}
-
-// How many more pens the process can create: allocates until GDI refuses,
-// then frees them all. A leak of n objects lowers it by n; unlike
-// GetGuiResources, which answers 0 under Wine, this really fails on a leak.
-int FreeGdiCapacity()
-{
-    std::vector<HPEN> pens;
-    while (HPEN pen = pens.size() < 100000 ? ::CreatePen(PS_SOLID, 1, 0) : nullptr)
-        pens.push_back(pen);
-    for (HPEN pen : pens)
-        ::DeleteObject(pen);
-    return static_cast<int>(pens.size());
 }
 
 } // namespace
@@ -92,8 +79,7 @@ TEST(Lifecycle, FinalizeGivesBackTheDcObjectsButKeepsTheTextModes)
     ::SetViewportOrgEx(hdc, 3, 4, nullptr);
     ::SetTextColor(hdc, RGB(255, 0, 0));
     ::SetTextAlign(hdc, TA_BOTTOM);
-    const HGDIOBJ pen = ::GetCurrentObject(hdc, OBJ_PEN), font = ::GetCurrentObject(hdc, OBJ_FONT),
-                  brush = ::GetCurrentObject(hdc, OBJ_BRUSH);
+    const HostDcState host = HostDcState::Of(hdc);
     CMoruDrawTool tool(nullptr, &canvas.Dc());
     tool.Initialize(nullptr, 1);
     tool.SetPen(PS_DASH, 1, RGB(0, 0, 255));
@@ -102,57 +88,29 @@ TEST(Lifecycle, FinalizeGivesBackTheDcObjectsButKeepsTheTextModes)
     tool.SetFont1A(20, 0.0, nullptr, 0.0);
     tool.Initialize(nullptr, 1);  // documented: a second Initialize first puts the DC back
     tool.Finalize();
-
-    POINT origin;
-    ::GetViewportOrgEx(hdc, &origin);
-    EXPECT_EQ(CPoint(3, 4), CPoint(origin));
-    EXPECT_EQ(pen, ::GetCurrentObject(hdc, OBJ_PEN));
-    EXPECT_EQ(font, ::GetCurrentObject(hdc, OBJ_FONT));
-    EXPECT_EQ(brush, ::GetCurrentObject(hdc, OBJ_BRUSH));
+    EXPECT_EQ("", host.Differences(HostDcState::Of(hdc)));
     EXPECT_EQ(RGB(0, 0, 0), ::GetTextColor(hdc));
     EXPECT_EQ(TRANSPARENT, ::GetBkMode(hdc));
     EXPECT_EQ(0u, ::GetTextAlign(hdc));
+    tool.SetPen(PS_SOLID, 5, RGB(255, 0, 0)), tool.SetBrush(BS_SOLID, 0, 0), tool.SetFont1A(30, 0.0, nullptr, 0.0);
+    EXPECT_TRUE(!tool.GetPen() && !tool.GetBrush() && !tool.GetFont() && !tool.GetPenColor())
+        << "after Finalize the tool holds no objects, and the object calls make none";
 }
 
-TEST(Lifecycle, BrokenLifeCyclesHaveDefinedOutcomes)
+TEST(Lifecycle, CyclesOfEveryModeLeakNoGdiObject)
 {
-    CMoruDrawTool* orphan = CreateDrawTool(nullptr, nullptr);  // a null DC: calls return, nothing drawn
-    ASSERT_NE(nullptr, orphan);
-    orphan->Initialize(nullptr, 2);
-    orphan->SetPen(PS_SOLID, 2, RGB(1, 2, 3));
-    EXPECT_EQ(0, orphan->LineTo(5, 5));
-    EXPECT_EQ(CPoint(0, 0), orphan->GetCurrentPosition());
-    orphan->Finalize();
-    DestroyDrawTool(orphan);
-
+    // Thirty cycles: one leaked object per cycle shows as 30 missing slots.
     DibCanvas canvas(8, 8);
-    const HGDIOBJ pen = ::GetCurrentObject(canvas.Dc().m_hDC, OBJ_PEN);
-    auto tool = std::make_unique<CMoruDrawTool>(nullptr, &canvas.Dc());
-    tool->Initialize(nullptr, 0);
-    tool->Finalize();
-    tool->SetPen(PS_SOLID, 5, RGB(255, 0, 0));  // after Finalize the object calls do nothing
-    tool->SetBrush(BS_SOLID, RGB(255, 0, 0), 0);
-    tool->SetFont1A(30, 0.0, nullptr, 0.0);
-    EXPECT_EQ(pen, ::GetCurrentObject(canvas.Dc().m_hDC, OBJ_PEN));
-    EXPECT_TRUE(!tool->GetPen() && !tool->GetBrush() && !tool->GetFont() && !tool->GetPenColor());
-    tool->Finalize();  // a second Finalize does nothing
-    tool.reset();      // and deleting through the destructor is safe
-}
-
-TEST(Lifecycle, TenThousandCyclesLeakNoGdiObject)
-{
-    // One leaked object per cycle would show as 10,000 missing handle-table
-    // slots (or exhaust the table: Windows allows 10,000 per process).
-    DibCanvas canvas(8, 8);
-    const int before = FreeGdiCapacity();
-    ASSERT_GT(before, 20000) << "the handle table is too small to measure";
-    for (int cycle = 0; cycle < 10000; ++cycle) {
+    const GdiHandleTable table;
+    const int before = table.FreeSlots();
+    for (int cycle = 0; cycle < 30; ++cycle) {
         CMoruDrawTool* tool = CreateDrawTool(nullptr, &canvas.Dc());
         tool->Initialize(nullptr, cycle % 3);
-        tool->SetPen(PS_SOLID, 3, RGB(cycle & 0xff, 0, 0));
-        tool->SetBrush(BS_SOLID, RGB(0, cycle & 0xff, 0), 0);
+        tool->SetPen(PS_SOLID, 3, RGB(cycle, 0, 0));
+        tool->SetBrush(BS_SOLID, RGB(0, cycle, 0), 0);
+        tool->SetFont1A(20 + cycle, 0.0, nullptr, 0.0);
         tool->Finalize();
         DestroyDrawTool(tool);
     }
-    EXPECT_EQ(before, FreeGdiCapacity()) << "GDI objects leaked";
+    EXPECT_EQ(before, table.FreeSlots()) << "free GDI handle slots before and after 30 cycles";
 }
