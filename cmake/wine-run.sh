@@ -8,7 +8,9 @@ while [ ! -f "$build/CMakeCache.txt" ] && [ "$build" != / ]; do build=$(dirname 
 [ -f "$build/CMakeCache.txt" ] || build="$PWD"
 export WINEPREFIX="${WINEPREFIX:-$build/wineprefix}"
 export WINEDEBUG=-all
-export WINEDLLOVERRIDES="${WINEDLLOVERRIDES:-mscoree,mshtml=}"
+# No Mono or Gecko installs; and no debugger: a program that crashes ends at
+# once (winedbg --auto would wait forever without a console to talk to).
+export WINEDLLOVERRIDES="${WINEDLLOVERRIDES:-mscoree,mshtml,winedbg.exe=}"
 export HOME="${DRAWTOOL_WINE_HOME:-$build/wine-home}"
 unset TZ
 unset DISPLAY
