@@ -23,13 +23,15 @@ struct MetafileTool {
     HDC Hdc() { return recorder.Dc().m_hDC; }
 };
 
-// "charset/output/clip precision height escapement/orientation wWeight iItalic face"; the faces are ASCII.
+// "charset/output/clip precision height escapement/orientation wWeight iItalic face", with " underline" or
+// " strikeout" after the italic flag when set (the tool never sets them); the faces are ASCII.
 template <class LogFont>
 std::string Describe(const LogFont& f)
 {
     std::ostringstream out;
     out << int(f.lfCharSet) << '/' << int(f.lfOutPrecision) << '/' << int(f.lfClipPrecision) << ' ' << f.lfHeight
-        << ' ' << f.lfEscapement << '/' << f.lfOrientation << " w" << f.lfWeight << " i" << int(f.lfItalic) << ' '
+        << ' ' << f.lfEscapement << '/' << f.lfOrientation << " w" << f.lfWeight << " i" << int(f.lfItalic)
+        << (f.lfUnderline ? " underline" : "") << (f.lfStrikeOut ? " strikeout" : "") << ' '
         << std::string(f.lfFaceName, std::find(f.lfFaceName, f.lfFaceName + LF_FACESIZE, 0));
     return out.str();
 }
