@@ -77,6 +77,10 @@ TEST(AxisScalingAndStepRounding, TablesAndTheCountingRule)
         // Grid points not above, not below; downward (upward 0) swaps the modes; a NaN value's count is INT_MIN.
         E(LogAxisPosition(5, 5, 3), kNaN), E(RoundToStep(0, 7, 5, 1, 0), 5), E(RoundToStep(0, 7, 5, 1, 1), 10),
         E(RoundToStep(0, -7, 5, 1, 0), -10), E(RoundToStep(0, -7, 5, 1, 1), -5), E(RoundToStep(0, 7, 5, 0, 1), 5),
+        // Quotients with fractions of one half and more (1.6, -1.5) in each of the four modes.
+        E(RoundToStep(0, 8, 5, 1, 0), 5), E(RoundToStep(0, 8, 5, 1, 1), 10), E(RoundToStep(0, 8, 5, 0, 0), 10),
+        E(RoundToStep(0, 8, 5, 0, 1), 5), E(RoundToStep(0, -7.5, 5, 1, 0), -10), E(RoundToStep(0, -7.5, 5, 1, 1), -5),
+        E(RoundToStep(0, -8, 5, 0, 0), -5), E(RoundToStep(0, 7.5, 5, 1, 0), 5),
         E(RoundToStep(2, 8, -5, 1, 1), 12), E(RoundToStep(3, 7, 0, 1, 0), 3), E(RoundToStepFromZero(-7, 5, 1, 0), -10),
         E(RoundToStep(1, kNaN, 5, 1, 0), 1 + INT_MIN * 5.0), E(SignedTrunc(-2.5, 0.5), -3), E(SignedTrunc(2.4, -0.5), 2),
         // -1.005 is -1.00499999...; a huge precision prints the exact text.
