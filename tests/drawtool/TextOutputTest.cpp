@@ -62,7 +62,8 @@ TEST(TextOutput, HostDcSeesMappedPositionsHalfAwayTheAlignmentShiftAndTheConvert
         {"y-up frame, ScaleFactY 2, OffsetY 100", 1, 1.0, 2.0, 0, 100, true, TA_BASELINE | TA_RIGHT,
          TA_RIGHT, true, {10, 20, 100, 50}, {10, 60, 100, 0}, nullptr, nullptr, ""},
         {"TA_BOTTOM alone is no baseline: as SetTextAlign, the shift cleared", 0, 2.25, 1.1, 0.25, -0.5, true,
-         TA_BOTTOM | TA_RIGHT, TA_BOTTOM | TA_RIGHT, false, {4, 6, -2, -3}, {9, 6, -4, -4}, "ab", L"ab", "ab"},
+         TA_BOTTOM | TA_RIGHT, TA_BOTTOM | TA_RIGHT, false, {4, 6, -2, -3}, {9, 6, -4, -4}, "\xE9" "b", L"\u00E9b",
+         "\xE9" "b"},  // e-acute: 0xE9 in the ANSI code page, 0x82 in the OEM one
     };
     for (const Case& c : cases) {
         TextCallLog dc;
