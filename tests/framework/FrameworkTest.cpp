@@ -23,6 +23,9 @@ TEST(Framework, WrappersDoNotOwnAndInertDcsFailQuietly)
     EXPECT_EQ(stockPen, dc.SelectObject(&pen)->m_hObject);
     EXPECT_EQ(CPoint(0, 0), dc.SetViewportOrg(5, 6));
     EXPECT_EQ(CPoint(5, 6), dc.GetViewportOrg());
+    CString text("kept?");
+    text.Format("%s", "");
+    EXPECT_TRUE(text.IsEmpty()) << "an empty result replaces the old text: \"" << text.GetString() << "\"";
     CDC inert;  // null handles: every call fails quietly
     EXPECT_EQ(nullptr, inert.SelectObject(&pen));
     EXPECT_FALSE(inert.LineTo(1, 1));

@@ -195,7 +195,8 @@ TEST(GeodesyFittingAndPlaneGeometry, WorkedExamplesAndBoundaries)
         // wrap to -1.
         E(line({1, 2, 3, 4}, {2.1, 3.9, 6.2, 7.8}), 0, 1.94, 0.15), E(FitSizeToBox(3, 4, 800, 800), 0, 0, 600, 800),
         E(line({0, 1}, {1, 3, 5}), 0, 0, 0), E(FitSizeToBox(16, 9, 1000, 1000), 0, 0, 1000, 562),
-        E(line({2, 2, 2}, {1, 3, 5}), 0, 0, 0), E(FitRectToRect({0, 0, 1, 1}, huge), INT_MIN, INT_MIN, INT_MAX, INT_MAX),
+        E(line({2, 2, 2}, {1, 3, 5}), 0, 0, 0), E(line({5}, {7}), 0, 0, 0), E(FitSizeToBox(4, 3, 8.9, 0), 0, 0, 8, 0),
+        E(FitRectToRect(wide, {10, 20, 110, 20}), 10, 20, 110, 20), E(FitRectToRect({0, 0, 1, 1}, huge), INT_MIN, INT_MIN, INT_MAX, INT_MAX),
         E(FitSizeToBox(4, 0, 8.9, 6), 0, 0, 8, 6), E(FitRectToRect(wide, {110, 220, 10, 20}), 110, 220, 10, 170),
         E(FitRectToRect(wide, tall), 10, 20, 110, 70), E(FitRectToRect({0, 5, 1, 5}, tall), 10, 20, 110, 220),
         // Where the vector comes from, clockwise from north; on the y axis where it points to (intended).

@@ -105,6 +105,11 @@ TEST(StdioFile, TextRoundTripAndWriteErrors)
         appended.WriteString("+\n");
     }
     EXPECT_EQ(ReadBytes(path), "a\r\n\r\nlast+\r\n") << "opened by the constructor, closed by the destructor";
+    {
+        CStdioFile untyped((path + ".untyped").c_str(), CFile::modeCreate | CFile::modeWrite);
+        untyped.WriteString("a\n");
+    }
+    EXPECT_EQ(ReadBytes(path + ".untyped"), "a\r\n") << "without a type flag the file is a text file";
     if (!full.Open("Z:\\dev\\full", CFile::modeWrite | CFile::shareDenyNone))
         GTEST_SKIP() << "no Z:\\dev\\full here";
     full.WriteString("short\n");
