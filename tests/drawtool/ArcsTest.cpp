@@ -34,6 +34,10 @@ TEST(Arcs, CornersAndCentresPerAxisRadiiByThreeRulesArchTruncated)
     t.Frame(1.5, 3.0, 0.25, 0.0, 2.0);
     t.tool.Circle2(1, 0, 10);
     t.tool.Circle3(1, 0, 10);
+    // Radii by ScaleFact 1.1: 3 * 1.1 = 3.3000000000000003 is pushed to 4 (RoundToInt, not to nearest).
+    t.Frame(1.0, 1.0, 0.0, 0.0, 1.1);
+    t.tool.AngleArc(0, 0, 3, 0.0f, 90.0f);
+    t.tool.Circle(0, 0, 3);
     EXPECT_DRAWS(t.Finish(), {"ARC -10 -10 9 9 10 0 0 10", "ARC -10 -10 9 9 7 7 -7 7", "ARC -10 -10 9 9 -10 0 0 -10",
                               "ARC -5 -15 14 4 -5 -4 4 -15",
                               "ARC -15 -10 14 9 11 -7 -11 -7",
@@ -43,5 +47,6 @@ TEST(Arcs, CornersAndCentresPerAxisRadiiByThreeRulesArchTruncated)
                               "ELLIPSE -20 -20 19 19", "ELLIPSE -19 -17 20 22",  // Ellipse(-20, -20, 20, 20)
                               "ELLIPSE -10 -10 9 9", "ELLIPSE -10 -10 9 9",      // Circle2 both forms
                               "ELLIPSE -10 -10 10 10", "ELLIPSE -10 -10 9 9",    // Circle3 both forms
-                              "ELLIPSE -8 -10 11 9", "ELLIPSE -9 -10 12 10"});
+                              "ELLIPSE -8 -10 11 9", "ELLIPSE -9 -10 12 10",
+                              "ANGLEARC 0 0 4 0 90", "ELLIPSE -4 -4 3 3"});
 }
