@@ -255,7 +255,11 @@ TEST(DrawToolC, BadHandlesAnswerNeutralValuesAndDestroyPutsTheDcBack)
     const DrawToolHandle next = DrawTool_Create(nullptr, dc);
     EXPECT_NE(destroyed, next) << "a destroyed handle is never handed out again";
     DrawTool_SetOrgX(next, 7);
-    for (const DrawToolHandle bad : {DrawToolHandle{}, destroyed, reinterpret_cast<DrawToolHandle>(reinterpret_cast<std::uintptr_t>(next) + 1000)}) {
+    // Null, destroyed, a slot never handed out, and the first slot past the registry's end.
+    const DrawToolHandle pastTheEnd = reinterpret_cast<DrawToolHandle>((std::uintptr_t{1} << 32) | (4096u * 256u + 1u));
+    for (const DrawToolHandle bad : {DrawToolHandle{}, destroyed,
+                                     reinterpret_cast<DrawToolHandle>(reinterpret_cast<std::uintptr_t>(next) + 1000),
+                                     pastTheEnd}) {
         std::string wrong;
 #define DRAWTOOL_CALL_ROW(Ret, Name, Method, Params, Args) CallWithBadHandle("DrawTool_" #Name, &DrawTool_##Name, bad, wrong);
         DRAWTOOL_METHODS(DRAWTOOL_CALL_ROW)
