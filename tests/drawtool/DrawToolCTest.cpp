@@ -255,6 +255,7 @@ TEST(DrawToolC, BadHandlesAnswerNeutralValuesAndDestroyPutsTheDcBack)
     const DrawToolHandle next = DrawTool_Create(nullptr, dc);
     EXPECT_NE(destroyed, next) << "a destroyed handle is never handed out again";
     DrawTool_SetOrgX(next, 7);
+    EXPECT_EQ(dc, DrawTool_GetDCPointer(next)) << "the C form of GetDCPointer answers the host's HDC";
     // Null, destroyed, a slot never handed out, and the first slot past the registry's end.
     const DrawToolHandle pastTheEnd = reinterpret_cast<DrawToolHandle>((std::uintptr_t{1} << 32) | (4096u * 256u + 1u));
     for (const DrawToolHandle bad : {DrawToolHandle{}, destroyed,
