@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cerrno>
+#include <iterator>
 #include <string>
 #include <vector>
 
@@ -26,6 +28,15 @@ TEST(Framework, WrappersDoNotOwnAndInertDcsFailQuietly)
     CString text("kept?");
     text.Format("%s", "");
     EXPECT_TRUE(text.IsEmpty()) << "an empty result replaces the old text: \"" << text.GetString() << "\"";
+    text.Format("%d", 7);
+    EXPECT_EQ(CString("7"), text) << "a one-character result";
+    // The runtime's error numbers as MFC maps them.
+    const int causes[] = {CFileException::ErrnoToException(0), CFileException::ErrnoToException(ENOENT),
+                          CFileException::ErrnoToException(EACCES), CFileException::ErrnoToException(ENOSPC),
+                          CFileException::ErrnoToException(EIO), CFileException::ErrnoToException(EINVAL)};
+    EXPECT_EQ((std::vector<int>{CFileException::none, CFileException::fileNotFound, CFileException::accessDenied,
+                                CFileException::diskFull, CFileException::hardIO, CFileException::genericException}),
+              std::vector<int>(std::begin(causes), std::end(causes)));
     CDC inert;  // null handles: every call fails quietly
     EXPECT_EQ(nullptr, inert.SelectObject(&pen));
     EXPECT_FALSE(inert.LineTo(1, 1));
