@@ -25,6 +25,12 @@ TEST(Framework, WrappersDoNotOwnAndInertDcsFailQuietly)
     EXPECT_EQ(stockPen, dc.SelectObject(&pen)->m_hObject);
     EXPECT_EQ(CPoint(0, 0), dc.SetViewportOrg(5, 6));
     EXPECT_EQ(CPoint(5, 6), dc.GetViewportOrg());
+    // 72 points on a 96-pixel-per-inch DC are 96 pixels, whatever the viewport origin.
+    CFont pointFont;
+    ASSERT_TRUE(pointFont.CreatePointFont(720, "Liberation Sans", &dc));
+    LOGFONTA made = {};
+    ::GetObjectA(pointFont.m_hObject, sizeof(made), &made);
+    EXPECT_EQ(-MulDiv(96, ::GetDeviceCaps(dc.m_hDC, LOGPIXELSY), 96), made.lfHeight) << "a character height";
     CString text("kept?");
     text.Format("%s", "");
     EXPECT_TRUE(text.IsEmpty()) << "an empty result replaces the old text: \"" << text.GetString() << "\"";
