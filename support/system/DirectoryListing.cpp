@@ -130,7 +130,13 @@ void ListFilesRecursive(const char* dir, std::vector<CString>& list)
     }
 }
 
-CString NextFreeFileName(const char* dir, const char* name)
+namespace {
+
+// The name itself while nothing of that name exists in dir; otherwise the
+// first candidate that `list` (files or subdirectories with the name's
+// extension) does not hold.
+template <class List, class Next>
+CString NextFreeName(const char* dir, const char* name, List list, Next next)
 {
     const CString folder = SystemText::WithoutTrailingBackslashes(dir);
     const CString wanted = SystemText::OrEmpty(name);
@@ -138,18 +144,18 @@ CString NextFreeFileName(const char* dir, const char* name)
     if (_access(path, 0) != 0)
         return wanted;
     std::vector<CString> used;
-    ListFiles(folder + "\\*" + ExtensionOf(path), used);
-    return FirstUnused(wanted, used, NextFileCandidate);
+    list(folder + "\\*" + ExtensionOf(path), used);
+    return FirstUnused(wanted, used, next);
+}
+
+} // namespace
+
+CString NextFreeFileName(const char* dir, const char* name)
+{
+    return NextFreeName(dir, name, ListFiles, NextFileCandidate);
 }
 
 CString NextFreeDirName(const char* dir, const char* name)
 {
-    const CString folder = SystemText::WithoutTrailingBackslashes(dir);
-    const CString wanted = SystemText::OrEmpty(name);
-    const CString path = folder + "\\" + wanted;
-    if (_access(path, 0) != 0)
-        return wanted;
-    std::vector<CString> used;
-    ListSubdirs(folder + "\\*" + ExtensionOf(path), used);
-    return FirstUnused(wanted, used, [](const CString& candidate) { return NextNumbered(candidate, true); });
+    return NextFreeName(dir, name, ListSubdirs, [](const CString& candidate) { return NextNumbered(candidate, true); });
 }
