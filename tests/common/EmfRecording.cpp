@@ -2,12 +2,9 @@
 
 #include <cstdio>
 
-std::vector<EmfRecord> EmfRecorder::Finish()
+std::vector<EmfRecord> ReadRecords(HENHMETAFILE file)
 {
     std::vector<EmfRecord> records;
-    if (!m_dc.m_hDC)
-        return records;
-    const HENHMETAFILE file = ::CloseEnhMetaFile(m_dc.Detach());
     ::EnumEnhMetaFile(nullptr, file, [](HDC, HANDLETABLE*, const ENHMETARECORD* record, int, LPARAM out) -> int {
         const BYTE* bytes = reinterpret_cast<const BYTE*>(record);
         if (record->iType != EMR_HEADER && record->iType != EMR_EOF)
@@ -16,6 +13,13 @@ std::vector<EmfRecord> EmfRecorder::Finish()
     }, &records, nullptr);
     ::DeleteEnhMetaFile(file);
     return records;
+}
+
+std::vector<EmfRecord> EmfRecorder::Finish()
+{
+    if (!m_dc.m_hDC)
+        return {};
+    return ReadRecords(::CloseEnhMetaFile(m_dc.Detach()));
 }
 
 namespace {

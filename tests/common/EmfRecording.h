@@ -41,6 +41,10 @@ struct EmfRecorder {
 };
 
 /// The records of one type, in order.
+/// The records of a metafile without its header and end, in order; the
+/// metafile handle is deleted (a null handle gives none).
+std::vector<EmfRecord> ReadRecords(HENHMETAFILE file);
+
 inline std::vector<EmfRecord> RecordsOfType(std::vector<EmfRecord> records, DWORD type)
 {
     records.erase(std::remove_if(records.begin(), records.end(), [&](auto& r) { return r.type != type; }), records.end());

@@ -152,16 +152,7 @@ std::string ReadFile(const std::string& path, std::ios::openmode mode = std::ios
 
 std::vector<EmfRecord> ReadMetafile(const std::string& path)
 {
-    std::vector<EmfRecord> records;
-    const HENHMETAFILE file = ::GetEnhMetaFileA(path.c_str());
-    ::EnumEnhMetaFile(nullptr, file, [](HDC, HANDLETABLE*, const ENHMETARECORD* record, int, LPARAM out) -> int {
-        const BYTE* bytes = reinterpret_cast<const BYTE*>(record);
-        if (record->iType != EMR_HEADER && record->iType != EMR_EOF)
-            reinterpret_cast<std::vector<EmfRecord>*>(out)->push_back({record->iType, {bytes, bytes + record->nSize}});
-        return 1;
-    }, &records, nullptr);
-    ::DeleteEnhMetaFile(file);
-    return records;
+    return ReadRecords(::GetEnhMetaFileA(path.c_str()));
 }
 
 // The bytes of a record that the drawing decides: a font record's face name
