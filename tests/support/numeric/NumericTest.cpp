@@ -78,6 +78,7 @@ TEST(AxisScalingAndStepRounding, TablesAndTheCountingRule)
         E(NiceCeil(10), 15), E(NiceCeil(0.1), 0.1), E(NiceCeil(-3.7), -2.5), E(NiceCeil(-2), -0.1), E(NiceFloor(10), 5),
         E(NiceFloor(0.1), 0.09), E(NiceFloor(-1), -1.5), E(NiceFloor(-0.1), -0.1), E(NiceStep(7), 10), E(NiceStep(10), 20),
         E(NiceStep(kInf), kInf), E(NiceTickStep(1.5), 0.1), E(NiceTickStep(1.6), 1.5), E(NiceTickStep(0.1), 0.05),
+        E(NiceTickStep(0), 0),
         // Step, min, max; a span of 1 gets the exponent -1 and the mantissa 10.
         E(range(0, 1), 0.1, 0, 1), E(range(3, 47), 5, 0, 50), E(range(-47, -3), 5, -50, 0), E(range(5, 5), 0, 0, 0),
         // 3.5: 2 * 3.5 + 1, 2 * trunc(4) + 1; 7.5: RoundToInt(4.75), trunc(8) + 1; 0.1: mantissa 10, whole units.
@@ -95,7 +96,7 @@ TEST(AxisScalingAndStepRounding, TablesAndTheCountingRule)
         E(RoundToStep(1, kNaN, 5, 1, 0), 1 + INT_MIN * 5.0), E(SignedTrunc(-2.5, 0.5), -3), E(SignedTrunc(2.4, -0.5), 2),
         // -1.005 is -1.00499999...; a huge precision prints the exact text.
         E(SignedTrunc(-3e9, 0), INT_MIN), E(SignedTrunc(kNaN, 0), INT_MIN), E(RoundToDigits(-1.005, 3), -1),
-        E(RoundToDigits(-1e308, 2000), -1e308),
+        E(RoundToDigits(-1e308, 2000), -1e308), EXACT(RoundToDigits(1.23456789, 0), 1.23456789),
         // NiceAxis: min, max, step. 2.9..10: 2..10 does not pass 10: second pass, step 4. 5000..5001: min beyond 1000
         // steps: 0, then (6000 - 4500) / 3. 998.5..999.45: stops at the last k counted, 999; then (1000 - 900) / 1.
         E(axis(5, 0, 10), 0, 12.5, 2.5), E(axis(4, 2.9, 10), 0, 16, 4), E(axis(3, 5000, 5001), 0, 1800, 600),
