@@ -3,8 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <cerrno>
-#include <iterator>
 #include <string>
+#include <utility>
 #include <vector>
 
 TEST(Framework, WrappersDoNotOwnAndInertDcsFailQuietly)
@@ -17,12 +17,11 @@ TEST(Framework, WrappersDoNotOwnAndInertDcsFailQuietly)
     }
     EXPECT_EQ(0u, ::GetObjectType(raw)) << "the owner deleted it, the wrapper did not interfere";
     EXPECT_EQ(nullptr, CPen::FromHandle(nullptr));
-
     CDC dc;
     ASSERT_TRUE(dc.CreateCompatibleDC(nullptr));
     CPen pen(PS_SOLID, 2, RGB(1, 2, 3));
     const HGDIOBJ stockPen = ::GetCurrentObject(dc.m_hDC, OBJ_PEN);
-    EXPECT_EQ(stockPen, dc.SelectObject(&pen)->m_hObject);
+    EXPECT_EQ(stockPen, dc.SelectObject(&pen)->m_hObject) << "the stock pen it replaced";
     EXPECT_EQ(CPoint(0, 0), dc.SetViewportOrg(5, 6));
     EXPECT_EQ(CPoint(5, 6), dc.GetViewportOrg());
     // 72 points on a 96-pixel-per-inch DC are 96 pixels, whatever the viewport origin.
@@ -31,21 +30,24 @@ TEST(Framework, WrappersDoNotOwnAndInertDcsFailQuietly)
     LOGFONTA made = {};
     ::GetObjectA(pointFont.m_hObject, sizeof(made), &made);
     EXPECT_EQ(-MulDiv(96, ::GetDeviceCaps(dc.m_hDC, LOGPIXELSY), 96), made.lfHeight) << "a character height";
+    CDC inert;  // null handles: every call fails quietly
+    EXPECT_EQ(nullptr, inert.SelectObject(&pen));
+    EXPECT_FALSE(inert.LineTo(1, 1));
+}
+
+TEST(Framework, StringsFormatAndConvertAndFileExceptionsMapTheRuntimesErrorNumbers)
+{
     CString text("kept?");
     text.Format("%s", "");
     EXPECT_TRUE(text.IsEmpty()) << "an empty result replaces the old text: \"" << text.GetString() << "\"";
     text.Format("%d", 7);
     EXPECT_EQ(CString("7"), text) << "a one-character result";
-    // The runtime's error numbers as MFC maps them.
-    const int causes[] = {CFileException::ErrnoToException(0), CFileException::ErrnoToException(ENOENT),
-                          CFileException::ErrnoToException(EACCES), CFileException::ErrnoToException(ENOSPC),
-                          CFileException::ErrnoToException(EIO), CFileException::ErrnoToException(EINVAL)};
-    EXPECT_EQ((std::vector<int>{CFileException::none, CFileException::fileNotFound, CFileException::accessDenied,
-                                CFileException::diskFull, CFileException::hardIO, CFileException::genericException}),
-              std::vector<int>(std::begin(causes), std::end(causes)));
-    CDC inert;  // null handles: every call fails quietly
-    EXPECT_EQ(nullptr, inert.SelectObject(&pen));
-    EXPECT_FALSE(inert.LineTo(1, 1));
+    // The ANSI code page 1252 (the OEM code page 437 would give 0x82 0x81).
+    EXPECT_EQ(CString("\xE9\xFC"), CString(L"\u00E9\u00FC")) << "wide text converted through CP_ACP";
+    for (const auto& [error, cause] : std::vector<std::pair<int, int>>{{0, CFileException::none},
+             {ENOENT, CFileException::fileNotFound}, {EACCES, CFileException::accessDenied},
+             {ENOSPC, CFileException::diskFull}, {EIO, CFileException::hardIO}, {EINVAL, CFileException::genericException}})
+        EXPECT_EQ(cause, CFileException::ErrnoToException(error)) << "errno " << error;
 }
 
 // A host's application object receives every message box; the wait cursor is counted, and the cursor it replaced
@@ -62,6 +64,7 @@ TEST(Framework, ApplicationRoutesMessageBoxesAndCountsTheWaitCursor)
         std::vector<std::string> boxes;
     };
     EXPECT_EQ(nullptr, AfxGetApp());
+    const HCURSOR arrow = ::LoadCursor(nullptr, IDC_ARROW), wait = ::LoadCursor(nullptr, IDC_WAIT);
     {
         RecordingApp app;
         EXPECT_EQ(&app, AfxGetApp());
@@ -69,19 +72,14 @@ TEST(Framework, ApplicationRoutesMessageBoxesAndCountsTheWaitCursor)
         EXPECT_EQ(IDCANCEL, AfxMessageBox("first"));
         EXPECT_EQ(IDCANCEL, AfxMessageBox("second", MB_YESNO | MB_ICONSTOP, 17));
         EXPECT_EQ((std::vector<std::string>{"first|0|0", "second|20|17"}), app.boxes);
-
-        const HCURSOR arrow = ::LoadCursor(nullptr, IDC_ARROW), wait = ::LoadCursor(nullptr, IDC_WAIT);
         ::SetCursor(arrow);
-        {
-            CWaitCursor outer;
-            EXPECT_EQ(wait, ::GetCursor());
-            app.BeginWaitCursor();
-            ::SetCursor(arrow);     // as a dialog would
-            app.RestoreWaitCursor();
-            EXPECT_EQ(wait, ::GetCursor());
-            app.EndWaitCursor();
-            EXPECT_EQ(wait, ::GetCursor()) << "one Begin still open";
-        }
+        app.BeginWaitCursor();
+        app.BeginWaitCursor();      // nested: the arrow stays the cursor to restore
+        ::SetCursor(arrow);         // as a dialog would
+        app.RestoreWaitCursor();
+        app.EndWaitCursor();
+        EXPECT_EQ(wait, ::GetCursor()) << "one Begin still open";
+        app.EndWaitCursor();
         EXPECT_EQ(arrow, ::GetCursor());
         app.EndWaitCursor();        // unbalanced: the count stays at 0
         app.BeginWaitCursor();
@@ -90,5 +88,5 @@ TEST(Framework, ApplicationRoutesMessageBoxesAndCountsTheWaitCursor)
     }
     EXPECT_EQ(nullptr, AfxGetApp()) << "destroying the application clears it";
     CWaitCursor withoutApp;         // counted by the framework itself
-    EXPECT_EQ(::LoadCursor(nullptr, IDC_WAIT), ::GetCursor());
+    EXPECT_EQ(wait, ::GetCursor());
 }

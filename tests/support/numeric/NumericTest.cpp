@@ -17,21 +17,24 @@ const double kNaN = std::nan(""), kInf = HUGE_VAL, kPi = std::acos(-1.0);
 Values V(double x) { return {x}; }
 Values V(Values v) { return v; }
 Values V(const RECT& r) { return {1.0 * r.left, 1.0 * r.top, 1.0 * r.right, 1.0 * r.bottom}; }
+Values V(const Ellipsoid& e) { return {e.semiMajorAxis, e.inverseFlattening}; }
 struct Entry { Values actual, expected; const char* what; double tolerance = 0; };
 // A table entry: an expression and the first values it must give, exactly or within a tolerance.
 #define E(actual, ...) Entry{V(actual), {__VA_ARGS__}, #actual}
 #define WITHIN(tolerance, actual, ...) Entry{V(actual), {__VA_ARGS__}, #actual, tolerance}
+#define EXACT(actual, ...) Entry{V(actual), {__VA_ARGS__}, #actual, -1}
 
 // Each value within the entry's or the table's tolerance, or relatively within 1e-15 (a few ulps: a table entry
-// times a power of ten may be off in the last bit); NaN matches NaN. The message names each value that fails.
+// times a power of ten may be off in the last bit), or bit for bit for EXACT; NaN matches NaN. The message names
+// each value that fails.
 testing::AssertionResult Same(const char*, const char*, const std::vector<Entry>& entries, double tolerance)
 {
     std::ostringstream failures;
     for (const Entry& x : entries)
         for (std::size_t i = 0; i < x.expected.size(); ++i)
             if (const double e = x.expected[i], a = x.actual.at(i); !(e == a || (std::isnan(e) && std::isnan(a))
-                    || std::fabs(e - a) <= std::max({tolerance, x.tolerance, 1e-15 * std::fabs(e)})))
-                failures << "\n" << x.what << " [" << i << "]: expected " << e << ", got " << a;
+                    || (x.tolerance >= 0 && std::fabs(e - a) <= std::max({tolerance, x.tolerance, 1e-15 * std::fabs(e)}))))
+                failures << "\n" << x.what << " [" << i << "]: expected " << std::setprecision(17) << e << ", got " << a;
     return failures.str().empty() ? testing::AssertionSuccess() : testing::AssertionFailure() << failures.str();
 }
 #define EXPECT_TABLE(tolerance, ...) EXPECT_PRED_FORMAT2(Same, (std::vector<Entry>{__VA_ARGS__}), tolerance)
@@ -61,13 +64,21 @@ TEST(AxisScalingAndStepRounding, TablesAndTheCountingRule)
     const auto parts = [](double span) { Values v(4, -1.0); // count, step of NiceDivisions, then of ...Positive
         return v[0] = NiceDivisions(span, v[1]), v[2] = NiceDivisionsPositive(span, v[3]), v; };
     const auto axis = [](int n, double lo, double hi) { Values v{lo, hi, -1}; return NiceAxis(n, v[0], v[1], v[2], 0), v; };
+    // The decade rule is trunc of log10 in doubles (kept): log10 rounds these to -5 and 2, so the mantissa is just
+    // above 10 or just below 1 and the results cross the input; 10 times the unit 1e-6 is the double below 1e-5.
+    const double above = std::nextafter(1e-5, 1.0), below = std::nextafter(100.0, 0.0), tenUnits = 9.9999999999999991e-06;
+    ASSERT_EQ((Values{-5, 2}), (Values{std::log10(above), std::log10(below)})) << "this runtime's log10 does not round";
     EXPECT_TABLE(0,
+        EXACT(DecadeUnit(above), 1e-6), EXACT(NiceCeil(above), tenUnits), EXACT(NiceStep(above), tenUnits),
+        EXACT(NiceFloor(-above), -tenUnits), EXACT(DecadeUnit(below), 100), EXACT(NiceFloor(below), 50),
+        EXACT(NiceTickStep(below), 10), EXACT(NiceCeil(below), 100),
         // 0.1 has the mantissa 10; 0 is 10^-infinity. Nice numbers strictly above (below) the mantissa; negatives
         // first move one unit toward zero (-2: nothing is below 1). Mantissas up to 1.5 tick a tenth of the unit.
         E(DecadeUnit(1000), 1000), E(DecadeUnit(0.1), 0.01), E(DecadeUnit(0), 0), E(DecadeUnit(-1), kNaN),
         E(NiceCeil(10), 15), E(NiceCeil(0.1), 0.1), E(NiceCeil(-3.7), -2.5), E(NiceCeil(-2), -0.1), E(NiceFloor(10), 5),
         E(NiceFloor(0.1), 0.09), E(NiceFloor(-1), -1.5), E(NiceFloor(-0.1), -0.1), E(NiceStep(7), 10), E(NiceStep(10), 20),
         E(NiceStep(kInf), kInf), E(NiceTickStep(1.5), 0.1), E(NiceTickStep(1.6), 1.5), E(NiceTickStep(0.1), 0.05),
+        E(NiceTickStep(0), 0),
         // Step, min, max; a span of 1 gets the exponent -1 and the mantissa 10.
         E(range(0, 1), 0.1, 0, 1), E(range(3, 47), 5, 0, 50), E(range(-47, -3), 5, -50, 0), E(range(5, 5), 0, 0, 0),
         // 3.5: 2 * 3.5 + 1, 2 * trunc(4) + 1; 7.5: RoundToInt(4.75), trunc(8) + 1; 0.1: mantissa 10, whole units.
@@ -85,7 +96,7 @@ TEST(AxisScalingAndStepRounding, TablesAndTheCountingRule)
         E(RoundToStep(1, kNaN, 5, 1, 0), 1 + INT_MIN * 5.0), E(SignedTrunc(-2.5, 0.5), -3), E(SignedTrunc(2.4, -0.5), 2),
         // -1.005 is -1.00499999...; a huge precision prints the exact text.
         E(SignedTrunc(-3e9, 0), INT_MIN), E(SignedTrunc(kNaN, 0), INT_MIN), E(RoundToDigits(-1.005, 3), -1),
-        E(RoundToDigits(-1e308, 2000), -1e308),
+        E(RoundToDigits(-1e308, 2000), -1e308), EXACT(RoundToDigits(1.23456789, 0), 1.23456789),
         // NiceAxis: min, max, step. 2.9..10: 2..10 does not pass 10: second pass, step 4. 5000..5001: min beyond 1000
         // steps: 0, then (6000 - 4500) / 3. 998.5..999.45: stops at the last k counted, 999; then (1000 - 900) / 1.
         E(axis(5, 0, 10), 0, 12.5, 2.5), E(axis(4, 2.9, 10), 0, 16, 4), E(axis(3, 5000, 5001), 0, 1800, 600),
@@ -99,61 +110,20 @@ TEST(AxisScalingAndStepRounding, TablesAndTheCountingRule)
     // i, keepMin for every seventh.
     std::mt19937_64 random(20240605);
     std::uniform_real_distribution<double> unit(-1, 1);
-    std::uniform_int_distribution<int> exponent(-12, 12), divisions(-2, 30);
-    int samples = 200000, secondPasses = 0;
-    for (int i = 0; i < samples; ++i) {
-        const double scale = std::pow(10.0, exponent(random)), a = unit(random) * scale, b = unit(random) * scale;
-        const double min = a, max = i % 3 == 0 ? a : i % 3 == 1 ? a + std::fabs(a) * 1e-13 * b / scale : b;
-        const int n = i % 16 == 3 ? INT_MAX - i : i % 4 == 1 ? 500 + i % 2500 : divisions(random);
-        Values e{min, max, 0}, g = e; // counted, direct: min, max, step
+    int secondPasses = 0;
+    for (int i = 0; i < 100000; ++i) {
+        const double scale = std::pow(10.0, static_cast<int>(random() % 25) - 12), a = unit(random) * scale;
+        const double b = unit(random) * scale, max = i % 3 == 0 ? a : i % 3 == 1 ? a + std::fabs(a) * 1e-13 * b / scale : b;
+        const int n = i % 16 == 3 ? INT_MAX - i : i % 4 == 1 ? 500 + i % 2500 : static_cast<int>(random() % 33) - 2;
+        Values e{a, max, 0}, g = e; // counted, direct: min, max, step
         secondPasses += LiteralAxis(n, e[0], e[1], e[2], i % 7 == 0, i % 2);
         (i % 2 ? NiceAxisCoarse : NiceAxis)(n, g[0], g[1], g[2], i % 7 == 0);
-        ASSERT_TRUE(Same("", "", {Entry{g, e, "direct form"}}, 0))
-            << "sample " << i << ": n " << n << ", min " << min << ", max " << max;
+        ASSERT_TRUE(Same("", "", {Entry{g, e, "direct form"}}, 0)) << "sample " << i << ": n " << n << ", min " << a;
     }
-    EXPECT_GT(secondPasses, samples / 10) << "the sample must exercise the second pass";
+    EXPECT_GT(secondPasses, 10000) << "the sample must exercise the second pass";
 }
 
-TEST(AxisScalingAndStepRounding, AFewUlpsFromAPowerOfTenTheUnitIsADecadeOffAndResultsCrossTheInput)
-{
-    // The decade rule is kept as it is (trunc of log10 in doubles); log10
-    // rounds these inputs to -5 and 2, so the mantissa is just above 10 or
-    // just below 1. Exact comparisons; 10 times the unit 1e-6 is the double
-    // next below 1e-5.
-    const double above = std::nextafter(1e-5, 1.0), below = std::nextafter(100.0, 0.0);
-    const double justBelow1e5 = 9.9999999999999991e-06;
-    ASSERT_EQ(-5.0, std::log10(above)) << "this runtime's log10 does not round here";
-    ASSERT_EQ(2.0, std::log10(below)) << "this runtime's log10 does not round here";
-    const struct { const char* what; double got, expected; } cases[] = {
-        {"DecadeUnit(above 1e-5)", DecadeUnit(above), 1e-6},
-        {"NiceCeil(above 1e-5)", NiceCeil(above), justBelow1e5},
-        {"NiceStep(above 1e-5)", NiceStep(above), justBelow1e5},
-        {"NiceFloor(-above 1e-5)", NiceFloor(-above), -justBelow1e5},
-        {"DecadeUnit(below 100)", DecadeUnit(below), 100},
-        {"NiceFloor(below 100)", NiceFloor(below), 50},
-        {"NiceTickStep(below 100)", NiceTickStep(below), 10},
-        {"NiceCeil(below 100)", NiceCeil(below), 100},
-    };
-    for (const auto& c : cases)
-        EXPECT_EQ(c.expected, c.got) << c.what << std::setprecision(17) << ": expected " << c.expected << ", got " << c.got;
-    EXPECT_LT(NiceCeil(above), above) << "NiceCeil lands below its input";
-    EXPECT_GT(NiceFloor(-above), -above) << "NiceFloor lands above its input";
-}
-
-// The reference ellipsoids, every constant to its last digit.
-TEST(GeodesyFittingAndPlaneGeometry, EllipsoidTableHoldsTheReferenceConstants)
-{
-    const double expected[EllipsoidCount][2] = {
-        {6378136.0, 298.257}, {6377397.155, 299.152813}, {6378137.0, 298.257222},
-        {6378137.0, 298.257223}, {6378137.0, 298.257222101}, {6378137.0, 298.257222101},
-    };
-    for (unsigned i = 0; i < EllipsoidCount; ++i) {
-        EXPECT_EQ(expected[i][0], EllipsoidTable[i].semiMajorAxis) << "row " << i;
-        EXPECT_EQ(expected[i][1], EllipsoidTable[i].inverseFlattening) << "row " << i;
-    }
-}
-
-TEST(GeodesyFittingAndPlaneGeometry, WorkedExamplesAndBoundaries)
+TEST(GeodesyFittingAndPlaneGeometry, WorkedExamplesBoundariesAndTheEllipsoidTableToItsLastDigits)
 {
     // Arc minutes (139 and 35 degrees); on the equator a and (1 - e^2) a per radian; index 0 keeps its fixed e^2
     // 0.00669447.
@@ -189,6 +159,9 @@ TEST(GeodesyFittingAndPlaneGeometry, WorkedExamplesAndBoundaries)
         WITHIN(0.002, distance({-58, -22, 0}, {-34, -36, 0}, {-58, -26, 0}, {-34, -32, 0}), 9597.962857402278),
         WITHIN(1.0, distance({139, 0, 0}, {35, 0, 0}, {140, 0, 0}, {35, 30, 0}), 106582.1839670253),
         WITHIN(1.0, distance({2, 20, 0}, {48, 50, 0}, {2, 20, 0}, {49, 44, 0}), 100093.6985027545),
+        E(EllipsoidTable[0], 6378136.0, 298.257), E(EllipsoidTable[1], 6377397.155, 299.152813),
+        E(EllipsoidTable[2], 6378137.0, 298.257222), E(EllipsoidTable[3], 6378137.0, 298.257223),
+        E(EllipsoidTable[4], 6378137.0, 298.257222101), E(EllipsoidTable[5], 6378137.0, 298.257222101),
         E(trip(3000, -4000, 270, 6), 0, 0, 0, 0), E(distance({0, 0, 0}, {0, 0, 0}, {1, 0, 0}, {1, 0, 0}, 6), 0),
         E(GeodesicDistance(nullptr, xs.data(), xs.data(), ys.data(), 4), 0),
         // FitLine's result, slope, intercept; a flat shape gives the box; a reversed box is not normalised; sizes
