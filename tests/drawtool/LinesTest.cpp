@@ -73,5 +73,6 @@ TEST(Lines, LongPolylinesRunIn15000PointStepsSharingTheirSeamPoints)
     const std::string first = "15001: 0,-9 to 30000,9";
     EXPECT_EQ((Calls{"answer 1", "15000: 0,-9 to 29998,6"}), runs(15000));
     EXPECT_EQ((Calls{"answer 0", first, "1: 30000,9 to 30000,9"}), runs(15001));
+    EXPECT_EQ((Calls{"answer 1", first, "15000: 30000,9 to 59998,3"}), runs(30000));  // no empty third run
     EXPECT_EQ((Calls{"answer 0", first, "15001: 30000,9 to 60000,6", "1: 60000,6 to 60000,6"}), runs(30001));
 }
