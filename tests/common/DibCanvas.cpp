@@ -1,20 +1,18 @@
 #include "common/DibCanvas.h"
 
+#include <algorithm>
+
 DibCanvas::DibCanvas(int width, int height, COLORREF background) : m_width(width), m_height(height)
 {
     BITMAPINFO info = {};
-    info.bmiHeader.biSize = sizeof(BITMAPINFOHEADER);
-    info.bmiHeader.biWidth = width;
-    info.bmiHeader.biHeight = -height;  // top-down rows
-    info.bmiHeader.biPlanes = 1;
-    info.bmiHeader.biBitCount = 32;
-    info.bmiHeader.biCompression = BI_RGB;
+    info.bmiHeader = {sizeof(BITMAPINFOHEADER), width, -height, 1, 32, BI_RGB, 0, 0, 0, 0, 0};  // top-down rows
     void* bits = nullptr;
     m_bitmap = ::CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
     m_bits = static_cast<DWORD*>(bits);
     m_dc.Attach(::CreateCompatibleDC(nullptr));
     m_oldBitmap = ::SelectObject(m_dc.m_hDC, m_bitmap);
-    Fill(background);
+    const DWORD pixel = (GetRValue(background) << 16) | (GetGValue(background) << 8) | GetBValue(background);
+    std::fill(m_bits, m_bits + width * height, pixel);
 }
 
 DibCanvas::~DibCanvas()
@@ -24,20 +22,11 @@ DibCanvas::~DibCanvas()
     ::DeleteObject(m_bitmap);
 }
 
-void DibCanvas::Fill(COLORREF color)
-{
-    const DWORD pixel = (GetRValue(color) << 16) | (GetGValue(color) << 8) | GetBValue(color);
-    ::GdiFlush();
-    for (int i = 0; i < m_width * m_height; ++i)
-        m_bits[i] = pixel;
-}
-
 COLORREF DibCanvas::Pixel(int x, int y) const
 {
     if (x < 0 || y < 0 || x >= m_width || y >= m_height || !m_bits)
         return CLR_INVALID;
-    ::GdiFlush();
-    const DWORD pixel = m_bits[y * m_width + x];
+    const DWORD pixel = Bits()[y * m_width + x];
     return RGB((pixel >> 16) & 0xFF, (pixel >> 8) & 0xFF, pixel & 0xFF);
 }
 
@@ -48,9 +37,4 @@ int DibCanvas::CountPixels(COLORREF color, int left, int top, int right, int bot
         for (int x = left; x < right; ++x)
             count += Pixel(x, y) == color;
     return count;
-}
-
-int DibCanvas::CountOtherPixels(COLORREF color) const
-{
-    return m_width * m_height - CountPixels(color);
 }

@@ -12,16 +12,13 @@ public:
     DibCanvas& operator=(const DibCanvas&) = delete;
 
     CDC& Dc() { return m_dc; }
-    int Width() const { return m_width; }
-    int Height() const { return m_height; }
+    /// The pixels row by row, each 0x00RRGGBB.
+    const DWORD* Bits() const { ::GdiFlush(); return m_bits; }
     /// The pixel at device (x, y) as a COLORREF; CLR_INVALID outside.
     COLORREF Pixel(int x, int y) const;
     /// Pixels of `color` in the rectangle [left, right) x [top, bottom).
     int CountPixels(COLORREF color, int left, int top, int right, int bottom) const;
     int CountPixels(COLORREF color) const { return CountPixels(color, 0, 0, m_width, m_height); }
-    /// Pixels that differ from `color`.
-    int CountOtherPixels(COLORREF color) const;
-    void Fill(COLORREF color);
 
 private:
     CDC m_dc;

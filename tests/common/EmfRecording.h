@@ -30,31 +30,29 @@ struct EmfRecord {
     }
 };
 
-/// A metafile DC wrapped in a CDC. Finish() closes it and returns its records
-/// (without the header and end-of-file records).
-struct EmfRecorder {
-    EmfRecorder() { m_dc.Attach(::CreateEnhMetaFileA(nullptr, nullptr, nullptr, nullptr)); }
-    ~EmfRecorder() { Finish(); }
-    CDC& Dc() { return m_dc; }
-    std::vector<EmfRecord> Finish();
-    CDC m_dc;
-};
-
-/// The records of one type, in order.
 /// The records of a metafile without its header and end, in order; the
 /// metafile handle is deleted (a null handle gives none).
 std::vector<EmfRecord> ReadRecords(HENHMETAFILE file);
 
-inline std::vector<EmfRecord> RecordsOfType(std::vector<EmfRecord> records, DWORD type)
-{
-    records.erase(std::remove_if(records.begin(), records.end(), [&](auto& r) { return r.type != type; }), records.end());
-    return records;
-}
-/// One line per record with its arguments: "SETVIEWPORTORGEX 0 310",
-/// "CREATEPEN 1 style 0 width 0 color 0x000000", "SELECTOBJECT stock 7",
-/// "ELLIPSE -20 -20 19 19" (boxes as stored: inclusive), "POLYLINE 3: 0,0
-/// 1,1 2,2" (16-bit forms named without the 16), "BITBLT x y cx cy rop hex",
-/// "EXTTEXTOUTW l t r b" (the opaque box).
+/// A metafile DC wrapped in a CDC. Finish() closes it and returns its records.
+struct EmfRecorder {
+    EmfRecorder() { m_dc.Attach(::CreateEnhMetaFileA(nullptr, nullptr, nullptr, nullptr)); }
+    ~EmfRecorder() { Finish(); }
+    CDC& Dc() { return m_dc; }
+    std::vector<EmfRecord> Finish()
+    {
+        return m_dc.m_hDC ? ReadRecords(::CloseEnhMetaFile(m_dc.Detach())) : std::vector<EmfRecord>{};
+    }
+    CDC m_dc;
+};
+
+/// One line per record: its name and its values in decimal, as stored (boxes
+/// inclusive, colours 0x00BBGGRR): "SETVIEWPORTORGEX 0 310", "CREATEPEN id
+/// style width 0 color", "CREATEBRUSHINDIRECT id style color hatch",
+/// "EXTCREATEFONTINDIRECTW id height width escapement orientation weight",
+/// "SELECTOBJECT stock 7", "ANGLEARC x y radius", "BITBLT x y cx cy rop",
+/// "EXTTEXTOUTW" and its opaque box, point lists as "POLYLINE 3: 0,0 1,1 2,2"
+/// (16-bit forms named without the 16).
 std::string DescribeRecord(const EmfRecord& record);
 /// `drawing`: object, mode and state records left out.
 std::vector<std::string> DescribeRecords(const std::vector<EmfRecord>& records, bool drawing = false);
@@ -72,7 +70,11 @@ struct RecordingTool {
     CMoruDrawTool tool{nullptr, &recorder.Dc()};
 
     explicit RecordingTool(double scaleX = 1.0, double scaleY = 1.0, double offsetX = 0.0, double offsetY = 0.0,
-                           double scaleFact = 1.0) { Frame(scaleX, scaleY, offsetX, offsetY, scaleFact); tool.Initialize(nullptr, 0); }
+                           double scaleFact = 1.0)
+    {
+        Frame(scaleX, scaleY, offsetX, offsetY, scaleFact);
+        tool.Initialize(nullptr, 0);
+    }
     void Frame(double scaleX, double scaleY, double offsetX = 0.0, double offsetY = 0.0, double scaleFact = 1.0)
     {
         tool.SetScaleFact(scaleFact);
@@ -81,5 +83,9 @@ struct RecordingTool {
         tool.SetOffsetX(offsetX);
         tool.SetOffsetY(offsetY);
     }
-    std::vector<EmfRecord> Finish() { tool.Finalize(); return recorder.Finish(); }
+    std::vector<EmfRecord> Finish()
+    {
+        tool.Finalize();
+        return recorder.Finish();
+    }
 };

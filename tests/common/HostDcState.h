@@ -23,12 +23,9 @@ struct HostDcState {
     /// Empty when `now` equals this state, else what differs.
     std::string Differences(const HostDcState& now) const
     {
-        std::string d;
-        if (now.pen != pen) d += " pen";
-        if (now.brush != brush) d += " brush";
-        if (now.font != font) d += " font";
-        if (now.origin.x != origin.x || now.origin.y != origin.y)
-            d += " origin " + std::to_string(now.origin.x) + "," + std::to_string(now.origin.y);
+        const std::string d = std::string(now.pen != pen ? " pen" : "") + (now.brush != brush ? " brush" : "") +
+                              (now.font != font ? " font" : "") +
+                              (now.origin.x != origin.x || now.origin.y != origin.y ? " origin" : "");
         return d.empty() ? "" : "not the host's:" + d + "; ";
     }
 };
@@ -45,11 +42,7 @@ public:
         for (int i = 0; i < kSpare && !m_filler.empty(); ++i, m_filler.pop_back())
             ::DeleteObject(m_filler.back());
     }
-    ~GdiHandleTable()
-    {
-        for (HPEN pen : m_filler)
-            ::DeleteObject(pen);
-    }
+    ~GdiHandleTable() { Free(m_filler); }
     GdiHandleTable(const GdiHandleTable&) = delete;
     GdiHandleTable& operator=(const GdiHandleTable&) = delete;
     int FreeSlots() const
@@ -57,12 +50,16 @@ public:
         std::vector<HPEN> pens;
         while (HPEN pen = pens.size() < 2 * kSpare ? ::CreatePen(PS_SOLID, 1, 0) : nullptr)
             pens.push_back(pen);
+        return Free(pens);
+    }
+
+private:
+    static int Free(const std::vector<HPEN>& pens)
+    {
         for (HPEN pen : pens)
             ::DeleteObject(pen);
         return static_cast<int>(pens.size());
     }
-
-private:
     static constexpr int kSpare = 400;
     std::vector<HPEN> m_filler;
 };

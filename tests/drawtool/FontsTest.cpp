@@ -2,29 +2,17 @@
 // only for what a metafile cannot show: LogFont and LogFontOld), and its text
 // metrics, measured against the DC itself.
 #include "common/EmfRecording.h"
-#include "drawtool/DrawTool.h"
 
-#include <gtest/gtest.h>
-
-#include <cmath>
 #include <sstream>
 
 namespace {
 
 using Tool = CMoruDrawTool;
 constexpr char kSans[] = "Liberation Sans";
-constexpr wchar_t kSansW[] = L"Liberation Sans";
 
-// A tool initialized on a metafile DC, ScaleFact and ScaleFact2 never set.
-struct MetafileTool {
-    EmfRecorder recorder;
-    Tool tool{nullptr, &recorder.Dc()};
-    MetafileTool() { tool.Initialize(nullptr, 0); }
-    HDC Hdc() { return recorder.Dc().m_hDC; }
-};
-
-// "charset/output/clip precision height escapement/orientation wWeight iItalic face", with " underline" or
-// " strikeout" after the italic flag when set (the tool never sets them); the faces are ASCII.
+// "charset/output/clip precision height escapement/orientation wWeight
+// iItalic face", with " underline" or " strikeout" after the italic flag when
+// set (the tool never sets them); the faces are ASCII.
 template <class LogFont>
 std::string Describe(const LogFont& f)
 {
@@ -36,7 +24,12 @@ std::string Describe(const LogFont& f)
     return out.str();
 }
 
-std::string DescribeObject(CFont* f) { LOGFONTA l = {}; ::GetObjectA(f->m_hObject, sizeof l, &l); return Describe(l); }
+std::string DescribeObject(CFont* f)
+{
+    LOGFONTA l = {};
+    ::GetObjectA(f->m_hObject, sizeof l, &l);
+    return Describe(l);
+}
 
 } // namespace
 
@@ -45,32 +38,34 @@ TEST(Fonts, EachCallCreatesTheFontItsArgumentsAndSettingsDescribeAndLeavesLogFon
     // Expected: height escapement/orientation weight italic, after character
     // set 128, OUT_TT_PRECIS (4) and CLIP_LH_ANGLES (16), and before the face:
     // Sans, or for a null face the DC's, after SetFont1A(40, 0, "Liberation
-    // Serif", 0). Rows: 3 x 1.1 = 3.3000000000000003 up, not ScaleFact2;
-    // ScaleFact2 never set; the first SetScaleFact sets ScaleFact2; tenths of
-    // a degree toward zero; 7 points are 24.69 tenths of a millimetre,
-    // truncated; 35, then scaled; ScaleFact never set, and the italic
-    // setting's low byte. The tool's Serif font is deleted after the DC's own
-    // font is selected again, and LogFont keeps Initialize's font.
+    // Serif", 0). Rows: 3 x 1.1 = 3.3000000000000003 up, by ScaleFact, then by
+    // ScaleFact2; ScaleFact2 never set; the first SetScaleFact sets
+    // ScaleFact2; tenths of a degree toward zero; 7 points are 24.69 tenths
+    // of a millimetre, truncated; 35, then scaled; ScaleFact never set, and
+    // the italic setting's low byte. The tool's Serif font is deleted after
+    // the DC's own font is selected again, and LogFont keeps Initialize's.
     const struct { const char* expected; void (*call)(Tool&); bool sans = false; } cases[] = {
         {"4 0/0 w0 i0", [](Tool& t) { t.SetScaleFact(1.1); t.SetScaleFact2(3.0); t.SetFont1A(3, 0, nullptr, 0); }},
+        {"4 -123/123 w0 i0", [](Tool& t) { t.SetScaleFact2(1.1); t.SetFont2W(3, -12.39, L"Liberation Sans", 12.39); }, true},
         {"0 0/0 w0 i0", [](Tool& t) { t.SetFont2A(10, 0, nullptr, 0); }},
         {"20 0/0 w0 i0", [](Tool& t) { t.SetScaleFact(2.0); t.SetScaleFact(3.0); t.SetFont2A(10, 0, nullptr, 0); }},
-        {"25 -123/123 w0 i0", [](Tool& t) { t.SetScaleFact2(2.5); t.SetFont2W(10, -12.39, kSansW, 12.39); }, true},
         {"24 0/0 w0 i0", [](Tool& t) { t.SetPointFontA(7, 0, nullptr, 0); }},
         {"70 0/0 w0 i0", [](Tool& t) { t.SetScaleFact(2.0); t.SetPointFontW(10, 0, nullptr, 0); }},
         {"40 450/300 w700 i1", [](Tool& t) { t.SetFontStyle(700, 0x101); t.SetFont1A(40, 45.0, kSans, 30.0); }, true},
         {"5 0/0 w300 i0", [](Tool& t) { t.SetFontWeight(300); t.SetFontItalic(0x100); t.SetFont1W(5, 0, nullptr, 0); }},
     };
     for (const auto& c : cases) {
-        MetafileTool m;
-        const std::string initial = DescribeObject(m.tool.GetFont());
-        m.tool.SetFont1A(40, 0, "Liberation Serif", 0);
+        EmfRecorder recorder;  // ScaleFact and ScaleFact2 never set
+        Tool tool(nullptr, &recorder.Dc());
+        tool.Initialize(nullptr, 0);
+        const std::string initial = DescribeObject(tool.GetFont());
+        tool.SetFont1A(40, 0, "Liberation Serif", 0);
         char face[LF_FACESIZE] = {};  // the face the font mapper chose: the charset decides
-        ::GetTextFaceA(m.Hdc(), LF_FACESIZE, face);
-        c.call(m.tool);
-        EXPECT_EQ(initial, Describe(*m.tool.GetLogFont())) << c.expected << ": LogFont";
-        m.tool.Finalize();
-        const std::vector<EmfRecord> records = m.recorder.Finish();
+        ::GetTextFaceA(recorder.Dc().m_hDC, LF_FACESIZE, face);
+        c.call(tool);
+        EXPECT_EQ(initial, Describe(*tool.GetLogFont())) << c.expected << ": LogFont";
+        tool.Finalize();
+        const std::vector<EmfRecord> records = recorder.Finish();
         size_t k = records.size();
         while (k > 0 && records[--k].type != EMR_EXTCREATEFONTINDIRECTW) {}
         ASSERT_TRUE(k >= 2 && k + 1 < records.size()) << c.expected << ": font record " << k << "/" << records.size();
@@ -84,38 +79,38 @@ TEST(Fonts, EachCallCreatesTheFontItsArgumentsAndSettingsDescribeAndLeavesLogFon
 
 TEST(Fonts, PointFont0PairSetsLogFontInTenthsOfAPointAndLogFontOldToTheFontReplaced)
 {
-    MetafileTool m;  // the font is converted for the DC, without ScaleFact
-    m.tool.SetScaleFact(2.0); m.tool.SetFontStyle(600, 0x201);
+    RecordingTool m(1.0, 1.0, 0.0, 0.0, 2.0);  // the font is converted for the DC, without ScaleFact
+    m.tool.SetFontStyle(600, 0x201);
     const std::string replaced = DescribeObject(m.tool.GetFont());
     EXPECT_EQ(m.tool.GetLogFontOld(), m.tool.SetPointFont0A(120, 30.0, kSans, 99.0)) << "returns &LogFontOld";
     EXPECT_EQ(replaced, Describe(*m.tool.GetLogFontOld())) << "LogFontOld: the font replaced";
     EXPECT_EQ("1/0/0 120 300/300 w600 i1 Liberation Sans", Describe(*m.tool.GetLogFont())) << "LogFont";
-    EXPECT_EQ("1/0/0 " + std::to_string(-::MulDiv(::GetDeviceCaps(m.Hdc(), LOGPIXELSY), 120, 720)) + " 300/300 w600 i1 "
-              + kSans, DescribeObject(m.tool.GetFont())) << "SetPointFont0A's font, in the DC's units";
+    const int height = -::MulDiv(::GetDeviceCaps(m.recorder.Dc().m_hDC, LOGPIXELSY), 120, 720);
+    EXPECT_EQ("1/0/0 " + std::to_string(height) + " 300/300 w600 i1 " + kSans, DescribeObject(m.tool.GetFont()))
+        << "SetPointFont0A's font, in the DC's units";
     m.tool.SetPointFont0W(90, -45.0, L"Liberation Serif", 0);
     EXPECT_EQ("1/0/0 90 -450/-450 w600 i1 Liberation Serif", Describe(*m.tool.GetLogFont())) << "LogFont, W";
 }
 
 TEST(TextMetrics, EqualTheDcsExtentOverScaleFactNullAsEmptyEmptyMeanNaN)
 {
-    for (double s : {1.0, 0.75, 3.3}) {
-        MetafileTool m;
-        Tool& t = m.tool;
-        t.SetScaleFact(s); t.SetScaleFactX(5.0); t.SetScaleFactY(-0.5);  // metrics ignore the last two
-        t.SetFont1A(40, 0, kSans, 0);
-        SIZE e = {}, e0 = {};
-        ::GetTextExtentPoint32A(m.Hdc(), "Wide W", 6, &e); ::GetTextExtentPoint32A(m.Hdc(), "", 0, &e0);
-        // Text width, text height, mean character width and character height, A and W, of "Wide W" and of null.
-        const double expected[] = {e.cx / s, e.cy / s, e.cx / s / 6, e.cy / s, e0.cx / s, e0.cy / s, NAN, e0.cy / s};
-        const char* a = "Wide W"; const wchar_t* w = L"Wide W";
-        const double got[][2] = {
-            {t.GetTextWidthA(a), t.GetTextWidthW(w)}, {t.GetTextHeightA(a), t.GetTextHeightW(w)},
-            {t.GetCharWidthA(a), t.GetCharWidthW(w)}, {t.GetCharHeightA(a), t.GetCharHeightW(w)},
-            {t.GetTextWidthA(nullptr), t.GetTextWidthW(nullptr)}, {t.GetTextHeightA(nullptr), t.GetTextHeightW(L"")},
-            {t.GetCharWidthA(""), t.GetCharWidthW(nullptr)}, {t.GetCharHeightA(nullptr), t.GetCharHeightW(nullptr)}};
-        const auto value = [](double x) { return std::isnan(x) ? -1.0 : x; };  // no metric is negative
-        for (int i = 0; i < 16; ++i)
-            EXPECT_NEAR(value(expected[i / 2]), value(got[i / 2][i % 2]), 1e-9)
-                << "metric " << i / 2 << (i % 2 ? " W" : " A") << " at ScaleFact " << s << " (-1: NaN)";
-    }
+    RecordingTool m(5.0, -0.5, 0.0, 0.0, 3.3);  // metrics ignore ScaleFactX and ScaleFactY
+    Tool& t = m.tool;
+    t.SetFont1A(40, 0, kSans, 0);
+    SIZE e = {}, e0 = {};
+    ::GetTextExtentPoint32A(m.recorder.Dc().m_hDC, "Wide W", 6, &e);
+    ::GetTextExtentPoint32A(m.recorder.Dc().m_hDC, "", 0, &e0);
+    // Text width, text height, mean character width and character height, A and W, of "Wide W" and of null.
+    const double s = 3.3, expected[] = {e.cx / s, e.cy / s, e.cx / s / 6, e.cy / s, e0.cx / s, e0.cy / s, NAN, e0.cy / s};
+    const char* a = "Wide W";
+    const wchar_t* w = L"Wide W";
+    const double got[][2] = {
+        {t.GetTextWidthA(a), t.GetTextWidthW(w)}, {t.GetTextHeightA(a), t.GetTextHeightW(w)},
+        {t.GetCharWidthA(a), t.GetCharWidthW(w)}, {t.GetCharHeightA(a), t.GetCharHeightW(w)},
+        {t.GetTextWidthA(nullptr), t.GetTextWidthW(nullptr)}, {t.GetTextHeightA(nullptr), t.GetTextHeightW(L"")},
+        {t.GetCharWidthA(""), t.GetCharWidthW(nullptr)}, {t.GetCharHeightA(nullptr), t.GetCharHeightW(nullptr)}};
+    const auto value = [](double x) { return std::isnan(x) ? -1.0 : x; };  // no metric is negative
+    for (int i = 0; i < 16; ++i)
+        EXPECT_NEAR(value(expected[i / 2]), value(got[i / 2][i % 2]), 1e-9)
+            << "metric " << i / 2 << (i % 2 ? " W" : " A") << " (-1: NaN)";
 }

@@ -1,11 +1,9 @@
 // Text output and alignment of the drawing tool: the calls a host-derived CDC
-// receives, and the ink of vertically centred text.
-#include "common/DibCanvas.h"
+// receives.
 #include "drawtool/DrawTool.h"
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -95,25 +93,4 @@ TEST(TextOutput, HostDcSeesMappedPositionsHalfAwayTheAlignmentShiftAndTheConvert
         tool.TextOutW(x, y, L"x\xD800y");  // a lone surrogate converts somehow, never a crash
         tool.Finalize();
     }
-}
-
-TEST(TextOutput, BaselineCentredInkStraddlesTheReferencePointInAYUpDc)
-{
-    // A DC whose logical y axis points up, one unit per pixel; mode 2 puts the
-    // origin at the bottom-left corner, so virtual (200, 100) is pixel (200,
-    // 100). "Hg" inks from cap height to descender, which the character-set-128
-    // font of the test setup centres in its cell to about a pixel. Tolerance:
-    // 2 pixels of a 60-pixel cell (uncentred text is 30 off).
-    DibCanvas canvas(400, 200);
-    ::SetMapMode(canvas.Dc().m_hDC, MM_ANISOTROPIC); ::SetViewportExtEx(canvas.Dc().m_hDC, 1, -1, nullptr);
-    CMoruDrawTool tool(nullptr, &canvas.Dc());
-    RECT frame = {0, 0, 400, 200};
-    tool.Initialize(&frame, 2);
-    tool.SetFont1A(60, 0, "Liberation Sans", 0); tool.SetTextAlignEx(TA_BASELINE | TA_CENTER);
-    tool.TextOutA(200, 100, "Hg"); tool.Finalize();
-    int top = 200, bottom = -1;  // the rows with ink
-    for (int y = 0; y < 200; ++y)
-        if (canvas.CountPixels(RGB(255, 255, 255), 0, y, 400, y + 1) < 400) top = std::min(top, y), bottom = y + 1;
-    EXPECT_GT(bottom - top, 30) << "ink rows " << top << " to " << bottom << ": no 60-unit text (fonts installed?)";
-    EXPECT_NEAR(100.0, (top + bottom) / 2.0, 2.0) << "vertical centre of ink rows " << top << " to " << bottom;
 }

@@ -2,7 +2,6 @@
 drawtool_test_program(drawtool_tests
   drawtool/ArcsTest.cpp
   drawtool/ArrowsTicksTest.cpp
-  drawtool/DllEntryTest.cpp
   drawtool/FontsTest.cpp
   drawtool/HostileCallsTest.cpp
   drawtool/LifecycleTest.cpp
