@@ -16,6 +16,8 @@
 // doubles around 2^-54 and 1, NaN and the infinities, each reached through
 // several frames and in every rounding mode, by lists of one to three
 // identical points (pairs and the tail); nothing is written past a list.
+// Both forms MapPoints chooses between are checked (four lanes where the
+// processor has AVX).
 TEST(Mapping, PointListsMapExactlyAsSinglePointsOnHardSums)
 {
     std::vector<double> sums = {0.5, 1.5, 2.5, 0x1p-54, 0x1p-53, 0x1.fffffffffffffp-1, 2147483646.5, 2147483647.0,
@@ -32,6 +34,9 @@ TEST(Mapping, PointListsMapExactlyAsSinglePointsOnHardSums)
     const POINT issue[3] = {{330, 330}, {330, 330}, {330, 330}};
     MapPoints(frame, issue, 3, mapped);
     EXPECT_EQ(512, mapped[2].y) << "1.4 * 330 + 50 lies one step below 512";
+    std::vector<void (*)(const CoordinateFrame&, const POINT*, int, POINT*)> forms = {MapPointsTwoLanes};
+    if (__builtin_cpu_supports("avx"))
+        forms.push_back(MapPointsFourLanes);
     int checked = 0;
     for (const double sum : sums) {
         const struct { int x; double scale, offset; } ways[] = {
@@ -42,21 +47,22 @@ TEST(Mapping, PointListsMapExactlyAsSinglePointsOnHardSums)
                 _controlfp(mode, _MCW_RC);
                 frame = CoordinateFrame{0, 0, 1.0, 0.0, way.scale, -way.scale, way.offset, -way.offset};
                 const POINT p{way.x, way.x}, same[3] = {p, p, p}, expected = MapPoint(frame, p);
-                for (int count = 1; count <= 3; ++count) {
-                    mapped[count] = POINT{-7, -7};
-                    MapPoints(frame, same, count, mapped);
-                    for (int i = 0; i <= count; ++i, ++checked) {
-                        const POINT want = i < count ? expected : POINT{-7, -7};
-                        ASSERT_TRUE(mapped[i].x == want.x && mapped[i].y == want.y)
-                            << std::hexfloat << way.scale << " * " << way.x << " + " << way.offset << " (mode " << mode
-                            << ", point " << i << " of " << count << "): expected (" << want.x << ", " << want.y
-                            << "), got (" << mapped[i].x << ", " << mapped[i].y << ")";
+                for (int count = 1; count <= 3; ++count)
+                    for (size_t form = 0; form < forms.size(); ++form) {
+                        mapped[count] = POINT{-7, -7};
+                        forms[form](frame, same, count, mapped);
+                        for (int i = 0; i <= count; ++i, ++checked) {
+                            const POINT want = i < count ? expected : POINT{-7, -7};
+                            ASSERT_TRUE(mapped[i].x == want.x && mapped[i].y == want.y)
+                                << std::hexfloat << way.scale << " * " << way.x << " + " << way.offset << " (form "
+                                << form << ", mode " << mode << ", point " << i << " of " << count << "): expected ("
+                                << want.x << ", " << want.y << "), got (" << mapped[i].x << ", " << mapped[i].y << ")";
+                        }
                     }
-                }
             }
     }
     _controlfp(_RC_NEAR, _MCW_RC);
-    EXPECT_GT(checked, 10000);
+    EXPECT_GT(checked, 20000);
 }
 
 TEST(Mapping, ConversionsAndCurrentPositionKeepTheirOwnRules)
