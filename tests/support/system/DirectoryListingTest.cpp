@@ -20,11 +20,9 @@ TEST(DirectoryListing, ListsAppendVisibleEntriesAndTheRecursiveOneKeepsTheLastDi
     const HANDLE search = FindFirstFileA((scratch / "alone\\*.htm").c_str(), &found);
     EXPECT_NE(INVALID_HANDLE_VALUE, search) << "the system matches page.html by its short name PAGE~1.HTM";
     FindClose(search);
-    const struct {
-        void (*list)(const char*, std::vector<CString>&);
-        std::string pattern;
-        std::vector<std::string> expected;   // sorted
-    } cases[] = {
+    using Lister = void (*)(const char*, std::vector<CString>&);
+    struct Case { Lister list; std::string pattern; std::vector<std::string> sorted; };
+    const Case cases[] = {
         {ListFiles, scratch / "*.htm", {"Other.HTM", "kept", "page.htm"}},
         {ListFiles, scratch / "page.*", {"kept", "page.htm", "page.html"}},
         {ListFiles, scratch / "none\\*.*", {"kept"}},
@@ -39,22 +37,20 @@ TEST(DirectoryListing, ListsAppendVisibleEntriesAndTheRecursiveOneKeepsTheLastDi
         c.list(c.pattern.c_str(), list);
         std::vector<std::string> sorted(list.begin(), list.end());
         std::sort(sorted.begin(), sorted.end());
-        EXPECT_EQ(c.expected, sorted) << "[" << c.pattern << "]";
+        EXPECT_EQ(c.sorted, sorted) << "[" << c.pattern << "]";
     }
 }
 
 TEST(DirectoryListing, NextFreeNamesCountUp)
 {
     const ScratchDir scratch("next");
-    for (const char* name : {"data.txt", "data1.txt", "file007.txt", "12.txt", "13.TXT", "a.b.txt", "plain", "run007\\f",
-                             "run999\\f", "run01\\f", "run02\\f", "run\\f", "hidden.txt"})
+    for (const char* name : {"data.txt", "data1.txt", "file007.txt", "12.txt", "13.TXT", "a.b.txt", "plain",
+                             "run007\\f", "run999\\f", "run01\\f", "run02\\f", "run\\f", "hidden.txt"})
         scratch.Write(name);
     const std::string dir = scratch.path;
     SetFileAttributesA((scratch / "hidden.txt").c_str(), FILE_ATTRIBUTE_HIDDEN);
-    const struct {
-        CString got;
-        const char* expected;
-    } cases[] = {
+    struct Case { CString got; const char* expected; };
+    const Case cases[] = {
         {NextFreeFileName(dir.c_str(), "data.txt"), "data2.txt"},
         {NextFreeFileName((dir + "\\").c_str(), "file007.txt"), "file8.txt"},
         {NextFreeFileName(dir.c_str(), "12.txt"), "14.txt"},           // 13.TXT is taken, in any case

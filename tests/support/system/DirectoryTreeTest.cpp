@@ -96,6 +96,7 @@ TEST(DirectoryTree, MakeDirTreeMakesTheDirectoryPartOnly)
     EXPECT_EQ(1, MakeDirTree("")) << "no directory part";
     EXPECT_EQ(0, MakeDirTreeWait((scratch / "w\\").c_str(), 0)) << "no time to try";
     EXPECT_EQ(1, MakeDirTreeWait((scratch / "v\\u\\").c_str(), 1));
-    const Tree made = {{"file", "x"}, {"p", "<dir>"}, {"v", "<dir>"}, {"v\\u", "<dir>"}, {"x", "<dir>"}, {"x\\y", "<dir>"}};
+    const Tree made = {{"file", "x"}, {"p", "<dir>"}, {"v", "<dir>"}, {"v\\u", "<dir>"}, {"x", "<dir>"},
+                       {"x\\y", "<dir>"}};
     EXPECT_EQ(made, DumpTree(scratch.path));
 }
