@@ -14,6 +14,7 @@ TEST(PathText, CompactPathKeepsTheFileNameWithinTheBudget)
         {25, "C:\\path1\\p...\\sample.txt"},
         {20, "C:\\pa...\\sample.txt"},
         {1, ""},
+        {0, ""},
     };
     for (const auto& c : cases)
         EXPECT_EQ(c.expected, std::string(CompactPath(path, c.max))) << "budget " << c.max;

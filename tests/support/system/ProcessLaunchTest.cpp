@@ -18,7 +18,7 @@ TEST(ProcessLaunch, CommandLineQuotesOnlyShortPathArgumentsWithBlanks)
         {" \t ", ""},
         {"say \"hi\"", "say \"hi\""},                              // not a path: quotes are not escaped
         {" C:\\My Files\\a.txt ", "\"C:\\My Files\\a.txt\""},      // a path with a blank
-        {"C:\\My \"Files\\a.txt", "C:\\My \"Files\\a.txt"},        // already holds a quote
+        {"\"C:\\My Files\\a.txt\"", "\"C:\\My Files\\a.txt\""},    // already holds a quote, first
         {"\\\\server\\share x", "\\\\server\\share x"},            // "\\" at index 0 only
         {"x\\\\y z", "\"x\\\\y z\""},                              // "\\" at index 1
         {":\\a b", ":\\a b"},                                      // ":\" at index 0 only
