@@ -1,89 +1,60 @@
 // The clipboard for real: text set and read back in this process and through a second process.
-#include "ProcessChildren.h"
-#include "support/system/Clipboard.h"
-
-#include <gtest/gtest.h>
-
-#include <string>
-#include <vector>
+#include "SystemTestHelpers.h"
 
 namespace {
 
-/// The formats the last writer put on the clipboard: those listed before the locale (16) that the system
-/// adds (Wine lists formats it synthesizes, such as Unicode text from CF_TEXT, after the locale).
-std::vector<UINT> PlacedFormats()
+// The formats the last writer placed (those listed before the locale: Wine lists the ones it
+// synthesizes, such as Unicode text from CF_TEXT, after it), the OEM text and the Unicode text's
+// code units in hex.
+std::string DumpClipboard()
 {
-    std::vector<UINT> formats;
-    if (OpenClipboard(nullptr)) {
-        for (UINT format = EnumClipboardFormats(0); format && format != CF_LOCALE; format = EnumClipboardFormats(format))
-            formats.push_back(format);
-        CloseClipboard();
-    }
-    return formats;
-}
-
-/// One clipboard format's text up to its terminator (char or wchar_t).
-template <typename Char>
-std::basic_string<Char> Data(UINT format)
-{
-    std::basic_string<Char> text;
-    if (OpenClipboard(nullptr)) {
-        if (const HANDLE data = GetClipboardData(format)) {
-            text = static_cast<const Char*>(GlobalLock(data));
-            GlobalUnlock(data);
-        }
-        CloseClipboard();
-    }
-    return text;
+    std::ostringstream dump;
+    if (!OpenClipboard(nullptr))
+        return "not opened";
+    for (UINT format = EnumClipboardFormats(0); format && format != CF_LOCALE; format = EnumClipboardFormats(format))
+        dump << format << " ";
+    const auto* oem = static_cast<const char*>(GlobalLock(GetClipboardData(CF_OEMTEXT)));
+    const auto* wide = static_cast<const wchar_t*>(GlobalLock(GetClipboardData(CF_UNICODETEXT)));
+    dump << "|" << oem << "|" << std::hex;
+    for (; *wide; ++wide)
+        dump << static_cast<int>(*wide) << " ";
+    CloseClipboard();
+    return dump.str();
 }
 
 } // namespace
 
-// Text set here reads back here and in the child, with the OEM form of non-ASCII characters and, only when
-// asked, the Unicode form; text the child sets reads back here.
+// Text set here reads back here and in a second process, with the OEM form of non-ASCII characters
+// and, only when asked, the Unicode form; text the second process sets reads back here.
 TEST(Clipboard, TextRoundTripsHereAndThroughASecondProcess)
 {
-    const std::string text = "Gr\xfc\xdf" "e \xe9";       // "Grüße é" in code page 1252
-    ASSERT_EQ(SetClipboardText(nullptr, text.c_str(), 1), 1);
-    EXPECT_EQ(std::string(GetClipboardText(nullptr)), text);
-    EXPECT_EQ(PlacedFormats(), (std::vector<UINT>{CF_TEXT, CF_OEMTEXT, CF_UNICODETEXT}));
-    // The prefix's code pages follow the host's locale; these are those of an English one.
-    if (GetACP() == 1252 && GetOEMCP() == 437) {
-        EXPECT_EQ(Data<wchar_t>(CF_UNICODETEXT), L"Gr\u00fc\u00dfe \u00e9");
-        EXPECT_EQ(Data<char>(CF_OEMTEXT), "Gr\x81\xe1" "e \x82") << "code page 437";
-    } else {
-        ADD_FAILURE() << "code pages " << GetACP() << " and " << GetOEMCP() << ": no expected texts";
-    }
-    std::string output;
-    EXPECT_EQ(RunChild("get", output), 0);
-    EXPECT_EQ(output, text) << "read by the child";
+    ASSERT_TRUE(GetACP() == 1252 && GetOEMCP() == 437) << "not an English locale: " << GetACP() << ", " << GetOEMCP();
+    const std::string text = "Gr\xfc\xdf" "e \xe9";   // "Grüße é" in code page 1252
+    ASSERT_EQ(1, SetClipboardText(nullptr, text.c_str(), 1));
+    EXPECT_EQ(text, std::string(GetClipboardText(nullptr)));
+    EXPECT_EQ("1 7 13 |Gr\x81\xe1" "e \x82|47 72 fc df 65 20 e9 ", DumpClipboard()) << "code page 437";
+    EXPECT_EQ(text, Echo(LaunchProcess(ChildExe.c_str(), {}, "", SW_HIDE, 0, nullptr))[5]) << "read by the child";
 
-    EXPECT_EQ(RunChild("set \"from the child\" 0", output), 1);
-    EXPECT_EQ(std::string(GetClipboardText(nullptr)), "from the child");
-    EXPECT_EQ(PlacedFormats(), (std::vector<UINT>{CF_TEXT, CF_OEMTEXT}));
-    ASSERT_EQ(SetClipboardText(nullptr, nullptr, 1), 1);
-    EXPECT_EQ(std::string(GetClipboardText(nullptr)), "") << "a null text";
-    EXPECT_EQ(PlacedFormats(), (std::vector<UINT>{CF_TEXT, CF_OEMTEXT, CF_UNICODETEXT})) << "a null text";
+    EXPECT_EQ(1, RunProcessAndWait(ChildExe.c_str(), {"set", "\"from the child\"", "0"}, "", SW_HIDE, 0, 0));
+    EXPECT_EQ("from the child", std::string(GetClipboardText(nullptr)));
+    EXPECT_EQ("1 7 |from the child|", DumpClipboard().substr(0, 20)) << "no Unicode text placed";
+    ASSERT_EQ(1, SetClipboardText(nullptr, nullptr, 1));
+    EXPECT_EQ("1 7 13 ||", DumpClipboard()) << "a null text";
 }
 
-// While the child holds the clipboard open, reading gives empty text and setting gives 0, and the text
-// already there survives; an empty clipboard gives empty text.
+// While another process holds the clipboard open, reading gives empty text and setting gives 0, and
+// the text already there survives; an empty clipboard gives empty text.
 TEST(Clipboard, HeldOrEmptyClipboardGivesEmptyTextAndZero)
 {
-    ASSERT_EQ(SetClipboardText(nullptr, "kept", 0), 1);
-    const HANDLE held = CreateEventA(nullptr, TRUE, FALSE, "system_tests_held");
-    const HANDLE release = CreateEventA(nullptr, TRUE, FALSE, "system_tests_release");
-    const HANDLE holder = LaunchProcessHandle(ChildProgram().c_str(), "hold", "", SW_HIDE, nullptr);
-    ASSERT_EQ(WaitForSingleObject(held, 10000), WAIT_OBJECT_0) << "the child holds the clipboard";
-    EXPECT_EQ(std::string(GetClipboardText(nullptr)), "") << "held by the child";
-    EXPECT_EQ(SetClipboardText(nullptr, "refused", 1), 0) << "held by the child";
-    SetEvent(release);
-    EXPECT_EQ(ExitCodeAfterWait(holder), 0u);
-    for (HANDLE handle : {holder, held, release})
-        CloseHandle(handle);
-    EXPECT_EQ(std::string(GetClipboardText(nullptr)), "kept");
+    ASSERT_EQ(1, SetClipboardText(nullptr, "kept", 0));
+    PROCESS_INFORMATION holder;
+    ASSERT_NE(0, StartWindows(holder, {"windows"}));
+    EXPECT_EQ("", std::string(GetClipboardText(nullptr))) << "held by the child";
+    EXPECT_EQ(0, SetClipboardText(nullptr, "refused", 1)) << "held by the child";
+    EXPECT_EQ(StillActive, CloseProcessInfo(&holder));
+    EXPECT_EQ("kept", std::string(GetClipboardText(nullptr)));
     ASSERT_TRUE(OpenClipboard(nullptr));
     EmptyClipboard();
     CloseClipboard();
-    EXPECT_EQ(std::string(GetClipboardText(nullptr)), "") << "an empty clipboard";
+    EXPECT_EQ("", std::string(GetClipboardText(nullptr))) << "an empty clipboard";
 }

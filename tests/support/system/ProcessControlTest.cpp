@@ -1,16 +1,6 @@
-// Closing, ending, waiting for and finding real child processes: exit codes, close requests
-// to their windows, the messages a pumping wait dispatches.
-#include "support/system/ProcessClose.h"
-#include "support/system/ProcessExitCode.h"
-#include "support/system/ProcessLaunch.h"
-#include "support/system/ProcessQuery.h"
-#include "support/system/ProcessWait.h"
-
-#include "ProcessChildren.h"
-
-#include <tlhelp32.h>
-
-#include <gtest/gtest.h>
+// Closing, ending, waiting for and finding real child processes: exit codes, close requests to their
+// windows, the messages a pumping wait dispatches.
+#include "SystemTestHelpers.h"
 
 #include <tuple>
 
@@ -18,47 +8,20 @@ namespace {
 
 constexpr int kNoSuchProcess = 0x7FFFFFF0;   // never a process id
 
-// Fails the run when a child program outlives the tests, after ending it: the suite must
-// leave no process behind.
+// Fails the run when a child program outlives the tests, after ending it: the suite must leave no
+// process behind.
 class NoChildLeftBehind : public ::testing::Environment {
-public:
     void TearDown() override
     {
-        const HANDLE snapshot = CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0);
-        PROCESSENTRY32 entry = {};
-        entry.dwSize = sizeof(entry);
-        for (BOOL more = Process32First(snapshot, &entry); more; more = Process32Next(snapshot, &entry)) {
-            if (_stricmp(entry.szExeFile, "child.exe") != 0)
-                continue;
-            ADD_FAILURE() << entry.szExeFile << " (id " << entry.th32ProcessID << ") outlived the tests";
-            const HANDLE process = OpenProcess(PROCESS_TERMINATE, FALSE, entry.th32ProcessID);
-            TerminateProcess(process, 0);
-            CloseHandle(process);
-        }
-        CloseHandle(snapshot);
+        EXPECT_EQ(0, CountProcessesByFileName("child.exe")) << "children that outlived the tests";
+        KillProcessesByPath(ChildExe.c_str());
     }
 };
 ::testing::Environment* const ChildReaper = ::testing::AddGlobalTestEnvironment(new NoChildLeftBehind);
 
-// Starts the child with a window ("close") or two ("ignore LOG") and waits up to 10 s until
-// they exist.
-int StartWindows(PROCESS_INFORMATION& info, std::vector<CString> arguments)
+HANDLE StartSleeper(const char* arguments = "sleep")
 {
-    const HANDLE ready = CreateEventA(nullptr, TRUE, FALSE, "system_tests_windows");
-    const int id = LaunchProcessInfo(&info, ChildProgram().c_str(), arguments, "", SW_HIDE, 0, nullptr, nullptr);
-    WaitForSingleObject(ready, id ? 10000 : 0);
-    CloseHandle(ready);
-    return id;
-}
-
-HANDLE StartSleeper(const std::string& program, const char* arguments = "sleep")
-{
-    return LaunchProcessHandle(program.c_str(), arguments, "", SW_HIDE, nullptr);
-}
-
-bool IsRunning(HANDLE process)
-{
-    return WaitForSingleObject(process, 0) == WAIT_TIMEOUT;
+    return LaunchProcessHandle(ChildExe.c_str(), arguments, "", SW_HIDE, nullptr);
 }
 
 } // namespace
@@ -66,21 +29,17 @@ bool IsRunning(HANDLE process)
 TEST(ProcessClose, WindowedChildClosesPolitelyOnItsCloseRequest)
 {
     PROCESS_INFORMATION info;
-    int id = StartWindows(info, {"close"});
+    int id = StartWindows(info, {"windows"}), none = kNoSuchProcess;
     ASSERT_NE(0, id);
-    // A window of another process, above the child's: the request goes past it.
-    const HWND other = CreateWindowA("STATIC", "other", WS_OVERLAPPED, 0, 0, 10, 10, nullptr, nullptr, nullptr, nullptr);
-    EXPECT_EQ(static_cast<int>(STILL_ACTIVE), CloseProcessById(&id)) << "the code read before the request";
+    // A window of this process, above the child's: the request goes past it.
+    const HWND other = CreateWindowA("STATIC", "other", 0, 0, 0, 9, 9, nullptr, nullptr, nullptr, nullptr);
+    EXPECT_EQ(StillActive, CloseProcessById(&id)) << "the code read before the request";
     DestroyWindow(other);
     EXPECT_EQ(7, GetProcessExitCodeByHandle(info.hProcess)) << "ended by its own WM_CLOSE handling";
     EXPECT_EQ(7, CloseProcessInfo(&info)) << "an ended process is only tidied up";
     EXPECT_TRUE(!info.hProcess && !info.hThread);
-
-    int zero = 0, none = kNoSuchProcess;
-    EXPECT_EQ(0, CloseProcessInfo(&info)) << "null handle";
     EXPECT_EQ(0, CloseProcessInfo(nullptr));
     EXPECT_EQ(0, CloseProcessById(nullptr));
-    EXPECT_EQ(0, CloseProcessById(&zero));
     EXPECT_EQ(0, CloseProcessById(&none));
 }
 
@@ -90,11 +49,10 @@ TEST(ProcessClose, ChildIgnoringItsCloseRequestIsTerminatedAfterFiveSeconds)
     const ScratchDir dir("close_ignored");
     const std::string log = dir / "close.log";
     PROCESS_INFORMATION info;
-    ASSERT_NE(0, StartWindows(info, {"ignore", log.c_str()}));
-    HANDLE watch = nullptr;
-    DuplicateHandle(GetCurrentProcess(), info.hProcess, GetCurrentProcess(), &watch, 0, FALSE, DUPLICATE_SAME_ACCESS);
+    ASSERT_NE(0, StartWindows(info, {"windows", log.c_str()}));
+    const HANDLE watch = OpenProcess(SYNCHRONIZE | PROCESS_QUERY_LIMITED_INFORMATION, FALSE, info.dwProcessId);
     const ULONGLONG start = GetTickCount64();
-    EXPECT_EQ(static_cast<int>(STILL_ACTIVE), CloseProcessInfo(&info));
+    EXPECT_EQ(StillActive, CloseProcessInfo(&info));
     EXPECT_GE(GetTickCount64() - start, 4900u) << "terminated before its 5000 ms";
     EXPECT_TRUE(!info.hProcess && !info.hThread);
     EXPECT_EQ(0u, ExitCodeAfterWait(watch)) << "terminated with exit code 0";
@@ -106,46 +64,32 @@ TEST(ProcessClose, ChildIgnoringItsCloseRequestIsTerminatedAfterFiveSeconds)
 
 TEST(ProcessExitCode, ReadersTellRunningEndedAndUnknown)
 {
-    const std::string sleeper = ChildProgram();
-    const HANDLE running = StartSleeper(sleeper), ended = StartSleeper(sleeper, "sleep 0");
-    ASSERT_TRUE(running && ended);
+    const HANDLE running = StartSleeper(), ended = StartSleeper("sleep 0");
     int runningId = static_cast<int>(GetProcessId(running)), endedId = static_cast<int>(GetProcessId(ended));
+    int none = kNoSuchProcess;
     ASSERT_EQ(3u, ExitCodeAfterWait(ended));
-    int zero = 0, none = kNoSuchProcess;
-    const int active = static_cast<int>(STILL_ACTIVE);
-    const struct {
-        const char* call;
-        int got, expected;
-    } rows[] = {
-        {"ById running", GetProcessExitCodeById(&runningId), active},
+    struct Row { const char* call; int got, expected; };
+    const Row rows[] = {
+        {"ById running", GetProcessExitCodeById(&runningId), StillActive},
         {"ById ended", GetProcessExitCodeById(&endedId), 3},
         {"ById null", GetProcessExitCodeById(nullptr), ExitCodeUnknown},
-        {"ById 0", GetProcessExitCodeById(&zero), ExitCodeUnknown},
         {"ById unused id", GetProcessExitCodeById(&none), ExitCodeUnknown},
-        {"ByHandle running", GetProcessExitCodeByHandle(running), active},
-        {"ByHandle ended", GetProcessExitCodeByHandle(ended), 3},
+        {"ByHandle running", GetProcessExitCodeByHandle(running), StillActive},
         {"ByHandle null", GetProcessExitCodeByHandle(nullptr), ExitCodeUnknown},
-        {"ByName other folder and case", GetProcessExitCodeByName(&runningId, "D:\\y\\CHILD.EXE"), active},
-        {"ByName bare name", GetProcessExitCodeByName(&runningId, "child.exe"), active},
+        {"ByName other folder and case", GetProcessExitCodeByName(&runningId, "D:\\y\\CHILD.EXE"), StillActive},
         {"ByName other name", GetProcessExitCodeByName(&runningId, "child.com"), 0},
-        {"ByName null name", GetProcessExitCodeByName(&runningId, nullptr), 0},
         {"ByName null id", GetProcessExitCodeByName(nullptr, "child.exe"), ExitCodeUnknown},
-        {"ByName unused id", GetProcessExitCodeByName(&none, "child.exe"), ExitCodeUnknown},
         {"End 0", EndProcessIfRunning(0), 0},
-        {"End unused id", EndProcessIfRunning(kNoSuchProcess), ExitCodeUnknown},
         {"End ended", EndProcessIfRunning(endedId), 3},
         {"End running, other name", EndProcessIfRunning(runningId, "other.exe"), 0},
         {"Terminate null, code", TerminateProcessHandle(nullptr, &endedId), endedId},
-        {"Terminate null", TerminateProcessHandle(nullptr), 0},
     };
-    for (const auto& row : rows)
+    for (const Row& row : rows)
         EXPECT_EQ(row.expected, row.got) << row.call;
-    EXPECT_EQ(3u, ExitCodeAfterWait(ended, 0)) << "an ended process is left as it was";
-    ASSERT_TRUE(IsRunning(running)) << "a name that differs ends nothing";
-
+    ASSERT_EQ(STILL_ACTIVE, ExitCodeAfterWait(running, 0)) << "a name that differs ends nothing";
     EXPECT_EQ(0, EndProcessIfRunning(runningId, "child.exe"));
     EXPECT_EQ(0u, ExitCodeAfterWait(running)) << "terminated with exit code 0";
-    const HANDLE another = StartSleeper(sleeper);
+    const HANDLE another = StartSleeper();
     EXPECT_EQ(0, TerminateProcessHandle(another));
     EXPECT_EQ(0u, ExitCodeAfterWait(another));
     for (HANDLE process : {running, ended, another})
@@ -155,87 +99,77 @@ TEST(ProcessExitCode, ReadersTellRunningEndedAndUnknown)
 TEST(ProcessQuery, CountsByFileNameAndKillsByExactPath)
 {
     const ScratchDir dir("query_copy");
-    const std::string original = ChildProgram(), copy = dir / "CHILD.EXE";
-    ASSERT_TRUE(CopyFileA(original.c_str(), copy.c_str(), FALSE));
-    const HANDLE first = StartSleeper(original), second = StartSleeper(copy);
-    ASSERT_TRUE(first && second);
-    for (int i = 0; i < 500 && CountProcessesByFileName(original.c_str()) < 2; ++i)
+    const std::string copy = dir / "CHILD.EXE";
+    ASSERT_TRUE(CopyFileA(ChildExe.c_str(), copy.c_str(), FALSE));
+    const HANDLE first = StartSleeper(), second = LaunchProcessHandle(copy.c_str(), "sleep", "", SW_HIDE, nullptr);
+    for (int i = 0; i < 500 && CountProcessesByFileName(ChildExe.c_str()) < 2; ++i)
         Sleep(10);   // until both have loaded their executable
-    const struct {
-        const char* executable;
-        int count;
-    } counts[] = {
-        {original.c_str(), 2}, {"D:\\nowhere\\Child.exe", 2}, {" child.exe ", 2}, {"child", 0},
-        {dir.Path().c_str(), 0},   // an existing folder is compared whole
-        {nullptr, 0},
-    };
-    for (const auto& row : counts)
-        EXPECT_EQ(row.count, CountProcessesByFileName(row.executable)) << (row.executable ? row.executable : "(null)");
+    struct Row { const char* executable; int count; };
+    for (const Row& row : {Row{ChildExe.c_str(), 2}, Row{" D:\\x\\Child.exe ", 2}, Row{"child", 0},
+                           Row{dir.path.c_str(), 0}})   // an existing folder is compared whole
+        EXPECT_EQ(row.count, CountProcessesByFileName(row.executable)) << row.executable;
+    EXPECT_EQ(0, CountProcessesByFileName(nullptr));
 
-    for (const std::string& other : std::vector<std::string>{"", "D:\\nowhere\\child.exe", " " + original})
+    for (const std::string& other : {std::string(), std::string("D:\\x\\child.exe"), " " + ChildExe})
         EXPECT_EQ(0, KillProcessesByPath(other.c_str())) << other;
-    EXPECT_EQ(0, KillProcessesByPath(nullptr));
-    EXPECT_TRUE(IsRunning(first) && IsRunning(second)) << "paths that are not the executable's end nothing";
-    EXPECT_EQ(0, KillProcessesByPath(original.c_str()));
+    EXPECT_EQ(STILL_ACTIVE, ExitCodeAfterWait(first, 0)) << "paths that are not the executable's end nothing";
+    EXPECT_EQ(0, KillProcessesByPath(ChildExe.c_str()));
     EXPECT_EQ(0u, ExitCodeAfterWait(first));
-    EXPECT_TRUE(IsRunning(second)) << "the copy elsewhere runs on";
+    EXPECT_EQ(STILL_ACTIVE, ExitCodeAfterWait(second, 0)) << "the copy elsewhere runs on";
     EXPECT_EQ(0, KillProcessesByPath((dir / "child.exe").c_str())) << "in another case";
     EXPECT_EQ(0u, ExitCodeAfterWait(second));
     CloseHandle(first);
     CloseHandle(second);
-    EXPECT_EQ(0, CountProcessesByFileName(original.c_str()));
 }
 
 namespace {
 
-// What the recording window received: the notify message and WM_APP, with their parameters.
+// What the recording window received (the notify message and WM_APP, with their parameters), and a
+// handle to the last child it was told of, taken at once: its id alone could be gone under load.
 std::vector<std::tuple<UINT, WPARAM, LPARAM>> Records;
+HANDLE Notified = nullptr;
 
 LRESULT CALLBACK RecordingProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
 {
     if (message == ProcessNotifyMessage || message == WM_APP)
         Records.emplace_back(message, wParam, lParam);
+    if (message == ProcessNotifyMessage && lParam)
+        Notified = OpenProcess(SYNCHRONIZE | PROCESS_QUERY_LIMITED_INFORMATION | PROCESS_TERMINATE, FALSE,
+                               static_cast<DWORD>(lParam));
     return DefWindowProcA(window, message, wParam, lParam);
 }
 
 } // namespace
 
+// The window hears of the child's id before the wait and of 0 after it; messages are dispatched meanwhile.
+// A WM_QUIT ends the wait at once, is not posted again, and leaves the child running.
 TEST(ProcessWait, PumpingNotifiesTheWindowAndDispatchesWhileTheChildRuns)
 {
-    WNDCLASSA windowClass = {};
-    windowClass.lpfnWndProc = RecordingProcedure;
-    windowClass.lpszClassName = "RecordingWindow";
-    RegisterClassA(&windowClass);
-    const HWND window = CreateWindowA("RecordingWindow", "", WS_OVERLAPPED, 0, 0, 10, 10, nullptr, nullptr, nullptr,
-                                      nullptr);
+    const HWND window = CreateWindowA("STATIC", "", 0, 0, 0, 9, 9, nullptr, nullptr, nullptr, nullptr);
+    SetWindowLongPtrA(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(RecordingProcedure));
     using Sequence = std::vector<std::tuple<UINT, WPARAM, LPARAM>>;
-    const std::string child = ChildProgram();
-    EXPECT_EQ(0x407u, ProcessNotifyMessage);
-
     PostMessageA(window, WM_APP, 1, 0);
-    EXPECT_EQ(0, RunProcessPumping(window, child.c_str(), {"sleep", "300"}, "", SW_HIDE, 0));
-    ASSERT_EQ(3u, Records.size());
-    const int id = static_cast<int>(std::get<2>(Records[0]));
+    EXPECT_EQ(0, RunProcessPumping(window, ChildExe.c_str(), {"sleep", "300"}, "", SW_HIDE, 0));
+    const LPARAM id = Records.empty() ? 0 : std::get<2>(Records[0]);
     EXPECT_NE(0, id);
     EXPECT_EQ((Sequence{{0x407, 2123, id}, {WM_APP, 1, 0}, {0x407, 2123, 0}}), Records);
+    EXPECT_EQ(3u, ExitCodeAfterWait(Notified, 0)) << "the wait lasts until the child ends";
+    CloseHandle(Notified);
 
-    // A WM_QUIT ends the wait; what was queued behind it is still dispatched.
     Records.clear();
     PostThreadMessageA(GetCurrentThreadId(), WM_QUIT, 0, 0);
     PostMessageA(window, WM_APP, 2, 0);
-    EXPECT_EQ(0, RunProcessPumping(window, child.c_str(), {"sleep"}, "", SW_HIDE, 0));
-    ASSERT_EQ(3u, Records.size());
-    int runningId = static_cast<int>(std::get<2>(Records[0]));
+    EXPECT_EQ(0, RunProcessPumping(window, ChildExe.c_str(), {"sleep"}, "", SW_HIDE, 0));
+    const LPARAM runningId = Records.empty() ? 0 : std::get<2>(Records[0]);
     EXPECT_EQ((Sequence{{0x407, 2123, runningId}, {WM_APP, 2, 0}, {0x407, 2123, 0}}), Records);
     MSG message;
     EXPECT_FALSE(PeekMessageA(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE)) << "the WM_QUIT is not posted again";
-    EXPECT_EQ(static_cast<int>(STILL_ACTIVE), GetProcessExitCodeById(&runningId)) << "the child runs on";
-    EXPECT_EQ(0, EndProcessIfRunning(runningId));
+    EXPECT_EQ(STILL_ACTIVE, ExitCodeAfterWait(Notified, 0)) << "the child runs on";
+    TerminateProcess(Notified, 0);
+    CloseHandle(Notified);
 
     Records.clear();
     EXPECT_EQ(0, RunProcessPumping(window, "no_such_program.exe", {}, "", SW_HIDE, 0));
     EXPECT_EQ((Sequence{{0x407, 2123, 0}, {0x407, 2123, 0}}), Records);
-    EXPECT_EQ(0, RunProcessPumping(child.c_str(), {"exit", "4"}, "", SW_HIDE, 0));
-    EXPECT_EQ(0, RunProcessPumping(" ", {}, "", SW_HIDE, 0));
     DestroyWindow(window);
 }

@@ -1,12 +1,16 @@
-// Helpers of the system tests: scratch folders under the temporary directory, whole files,
-// this program's folder, a count of the invalid-parameter conditions raised, and an
-// application object that records its message boxes and wait cursors.
+// Helpers of the system tests: scratch folders, whole files, the child program (children/Child.cpp,
+// built beside this program), the invalid-parameter conditions a call raises, and an application
+// object that records its message boxes and wait cursors.
 #pragma once
 
 #include "AfxWinApp.h"
+#include "support/Support.h"
+
+#include <windows.h>
+
+#include <gtest/gtest.h>
 
 #include <cstdint>
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
@@ -21,69 +25,95 @@ inline std::string ReadFileText(const std::string& path)
     return bytes.str();
 }
 
-/// The folder of this program, with a trailing backslash.
-inline std::string ProgramDir()
-{
-    char path[MAX_PATH] = "";
-    GetModuleFileNameA(nullptr, path, MAX_PATH);
-    const std::string dir = path;
-    return dir.substr(0, dir.find_last_of('\\') + 1);
-}
+/// The temporary folder and this program's folder, with trailing backslashes; the child program;
+/// STILL_ACTIVE as the process readers return it.
+inline const std::string TempDir = (std::filesystem::temp_directory_path() / "").string();
+inline const std::string ProgramDir = std::filesystem::path(_pgmptr).remove_filename().string();
+inline const std::string ChildExe = ProgramDir + "child.exe";
+inline const int StillActive = static_cast<int>(STILL_ACTIVE);
 
-/// A folder made empty on construction and removed, read-only entries
+/// A folder under the temporary folder, made empty on construction and removed, read-only entries
 /// included, on destruction.
-class ScratchDir {
-public:
-    explicit ScratchDir(const std::string& name) : m_path(std::filesystem::temp_directory_path() / ("system_tests_" + name))
+struct ScratchDir {
+    explicit ScratchDir(const std::string& name) : path(TempDir + "system_tests_" + name)
     {
         Clear();
-        std::filesystem::create_directories(m_path);
+        std::filesystem::create_directories(path);
     }
     ~ScratchDir() { Clear(); }
+    std::string operator/(const std::string& relative) const { return path + "\\" + relative; }
 
-    /// The folder, without a trailing backslash.
-    std::string Path() const { return m_path.string(); }
-    std::string operator/(const std::string& relative) const { return Path() + "\\" + relative; }
-
-    /// Writes a file holding text, making its folders; a name ending in a
-    /// backslash makes only the folders.
+    /// Writes a file holding text, making its folders; a name ending in a backslash makes only the folders.
     void Write(const std::string& relative, const std::string& text = "x") const
     {
-        std::filesystem::create_directories((m_path / relative).parent_path());
+        std::filesystem::create_directories(std::filesystem::path(*this / relative).parent_path());
         if (relative.back() != '\\')
-            std::ofstream(m_path / relative, std::ios::binary) << text;
+            std::ofstream(*this / relative, std::ios::binary) << text;
     }
 
-private:
-    void Clear()
+    void Clear() const
     {
         std::error_code ignored;
-        for (auto it = std::filesystem::recursive_directory_iterator(m_path, ignored);
+        for (auto it = std::filesystem::recursive_directory_iterator(path, ignored);
              it != std::filesystem::recursive_directory_iterator(); it.increment(ignored))
-            std::filesystem::permissions(it->path(), std::filesystem::perms::owner_write,
-                                         std::filesystem::perm_options::add, ignored);
-        std::filesystem::remove_all(m_path, ignored);
+            SetFileAttributesA(it->path().string().c_str(), FILE_ATTRIBUTE_NORMAL);
+        std::filesystem::remove_all(path, ignored);
     }
 
-    std::filesystem::path m_path;
+    const std::string path;   // without a trailing backslash
 };
 
-/// Counts the invalid-parameter conditions raised while it lives, through a
-/// handler that returns as a host's would.
-class InvalidParameterCounter {
-public:
-    InvalidParameterCounter() : m_previous(_set_invalid_parameter_handler(&Count)) { s_count = 0; }
-    ~InvalidParameterCounter() { _set_invalid_parameter_handler(m_previous); }
-    int Raised() const { return s_count; }
+/// The exit code behind a handle after waiting up to timeoutMs; STILL_ACTIVE while it runs.
+inline DWORD ExitCodeAfterWait(HANDLE process, DWORD timeoutMs = 10000)
+{
+    WaitForSingleObject(process, timeoutMs);
+    DWORD code = 0;
+    GetExitCodeProcess(process, &code);
+    return code;
+}
 
-private:
-    static void Count(const wchar_t*, const wchar_t*, const wchar_t*, unsigned, uintptr_t) { ++s_count; }
-    static inline int s_count = 0;
-    _invalid_parameter_handler m_previous;
-};
+/// The file the echo child writes, and its lines (command line, current directory, CHILD_ECHO_MARK,
+/// start-up record, its own executable, the clipboard's text, its version names) after the child with
+/// this id ended (at most 10 s); the file is then removed. Empty lines when nothing started (id 0).
+inline const std::string EchoFile = TempDir + "system_tests_echo.txt";
+inline std::vector<std::string> Echo(int processId)
+{
+    const HANDLE process = OpenProcess(SYNCHRONIZE, FALSE, static_cast<DWORD>(processId));
+    WaitForSingleObject(process, 10000);
+    CloseHandle(process);
+    std::istringstream text(ReadFileText(EchoFile));
+    DeleteFileA(EchoFile.c_str());
+    std::vector<std::string> lines(7);
+    for (std::string& line : lines)
+        std::getline(text, line);
+    return lines;
+}
 
-/// Records each message box as "prompt|type|help id" and answers IDRETRY; counts the wait cursors
-/// shown and the balance of shown minus ended.
+/// Starts the child with its two windows (with a log: ignoring close requests) and waits up to 10 s
+/// until they exist.
+inline int StartWindows(PROCESS_INFORMATION& info, std::vector<CString> arguments)
+{
+    const HANDLE ready = CreateEventA(nullptr, TRUE, FALSE, "system_tests_windows");
+    const int id = LaunchProcessInfo(&info, ChildExe.c_str(), arguments, "", SW_HIDE, 0, nullptr, nullptr);
+    WaitForSingleObject(ready, id ? 10000 : 0);
+    CloseHandle(ready);
+    return id;
+}
+
+/// How many invalid-parameter conditions the call raises, through a handler that returns as a host's would.
+template <typename Call>
+int ConditionsRaised(Call call)
+{
+    static int count;
+    count = 0;
+    const auto previous = _set_invalid_parameter_handler(
+        [](const wchar_t*, const wchar_t*, const wchar_t*, unsigned, uintptr_t) { ++count; });
+    call();
+    _set_invalid_parameter_handler(previous);
+    return count;
+}
+
+/// Records each message box as "prompt|type|help id" and answers IDRETRY, and each wait cursor code.
 struct RecordingApp : CWinApp {
     RecordingApp() : CWinApp("Recorder") {}
     int DoMessageBox(const char* prompt, UINT type, UINT help) override
@@ -91,12 +121,7 @@ struct RecordingApp : CWinApp {
         boxes.push_back(std::string(prompt) + "|" + std::to_string(type) + "|" + std::to_string(help));
         return IDRETRY;
     }
-    void DoWaitCursor(int code) override
-    {
-        cursor += code;
-        shown += code > 0;
-        CWinApp::DoWaitCursor(code);
-    }
+    void DoWaitCursor(int code) override { cursors.push_back(code); }
     std::vector<std::string> boxes;
-    int cursor = 0, shown = 0;
+    std::vector<int> cursors;
 };
