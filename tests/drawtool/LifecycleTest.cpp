@@ -10,14 +10,17 @@ TEST(Lifecycle, InitializeAndFinalizeRecordTheirStepsInOrder)
     tool.SetOrgY(10);
     tool.SetScaleFact(2.0);
     tool.Initialize(&area, 2);
+    tool.SetBrush(BS_SOLID, RGB(1, 2, 3), 0);
     tool.Finalize();
     // Pen: solid, width 0, black; font 50 * 2 high; a hollow brush is GDI's
-    // stock null brush (stock 5): no creation record. Each tool object is
-    // deleted before the DC's own is selected back; the text modes stay.
+    // stock null brush (stock 5): no creation record; the solid brush that
+    // replaces it. Each tool object is deleted before the DC's own is
+    // selected back; the text modes stay.
     EXPECT_EQ((Calls{"SETVIEWPORTORGEX 0 310", "CREATEPEN 1 0 0 0 0", "SELECTOBJECT 1",
                      "EXTCREATEFONTINDIRECTW 2 100 0 0 0 0", "SELECTOBJECT 2", "SELECTOBJECT stock 5", "SETTEXTCOLOR 0", "SETBKMODE 1", "SETTEXTALIGN 0",
+                     "SELECTOBJECT stock 0", "CREATEBRUSHINDIRECT 3 0 197121 0", "SELECTOBJECT 3",
                      "DELETEOBJECT 1", "SELECTOBJECT stock 7", "DELETEOBJECT 2", "SELECTOBJECT stock 13",
-                     "SELECTOBJECT stock 0", "SETVIEWPORTORGEX 0 0"}),
+                     "DELETEOBJECT 3", "SELECTOBJECT stock 0", "SETVIEWPORTORGEX 0 0"}),
               DescribeRecords(recorder.Finish()));
     EXPECT_TRUE(!tool.GetPen() && !tool.GetBrush() && !tool.GetFont() && !tool.GetPenColor())
         << "after Finalize the tool holds no objects";
