@@ -41,7 +41,8 @@ CString CString::Mid(int first, int count) const
 
 int CString::Find(char ch, int start) const
 {
-    if (start < 0 || start >= GetLength())
+    // A start at or past the end finds nothing (npos below).
+    if (start < 0)
         return -1;
     const size_t at = m_text.find(ch, static_cast<size_t>(start));
     return at == std::string::npos ? -1 : static_cast<int>(at);

@@ -35,6 +35,9 @@ TEST(Rectangles, MappedCornerByCornerOnlyFrameRectAndFillSolidRectPutInOrder)
     t.tool.FillSolidRect(&wide, 0);
     t.tool.ExtFloodFill(1, 2, RGB(1, 2, 3), FLOODFILLSURFACE);
     t.tool.DrawDragRect(&box, SIZE{2, 3}, nullptr, SIZE{}, nullptr, nullptr);
+    CBrush lastFrameOnly;
+    lastFrameOnly.CreateSolidBrush(0);
+    t.tool.DrawDragRect(&box, SIZE{2, 3}, nullptr, SIZE{}, nullptr, &lastFrameOnly);  // the new frame: halftone
     // Null pointers draw nothing and return 0 (ERROR for the clip calls).
     EXPECT_EQ(0, t.tool.Rectangle(nullptr) + t.tool.Ellipse(nullptr) + t.tool.RectanglePolygon(nullptr, nullptr) +
                      t.tool.ExcludeClipRect(nullptr) + t.tool.IntersectClipRect(nullptr));
@@ -53,5 +56,6 @@ TEST(Rectangles, MappedCornerByCornerOnlyFrameRectAndFillSolidRectPutInOrder)
                               "EXCLUDECLIPRECT 1 -2 5 -6", "INTERSECTCLIPRECT 1 -2 5 -6", "EXTTEXTOUTW 5 7 20 24",
                               "EXTTEXTOUTW 5 7 20 24", "EXTTEXTOUTW -2147483643 7 4 24",  // x INT_MIN + 5, cx INT_MAX
                               "EXTFLOODFILL 6 9 197121 1",
-                              "BITBLT 1 2 4 3 5898313", "BITBLT 1 5 4 1 5898313"});  // DrawDragRect, device units
+                              "BITBLT 1 2 4 3 5898313", "BITBLT 1 5 4 1 5898313",  // DrawDragRect, device units
+                              "BITBLT 1 2 4 3 5898313", "BITBLT 1 5 4 1 5898313"});
 }

@@ -33,6 +33,8 @@ TEST(Framework, WrappersDoNotOwnAndInertDcsFailQuietly)
     CDC inert;  // null handles: every call fails quietly
     EXPECT_EQ(nullptr, inert.SelectObject(&pen));
     EXPECT_FALSE(inert.LineTo(1, 1));
+    EXPECT_EQ(0, inert.SetROP2(R2_XORPEN) + inert.SetPolyFillMode(WINDING) + inert.SetArcDirection(AD_CLOCKWISE))
+        << "mode setters answer 0, GDI's failure";
 }
 
 TEST(Framework, StringsFormatAndConvertAndFileExceptionsMapTheRuntimesErrorNumbers)

@@ -174,6 +174,7 @@ TEST(GeodesyFittingAndPlaneGeometry, WorkedExamplesBoundariesAndTheEllipsoidTabl
         E(FitRectToRect(wide, tall), 10, 20, 110, 70), E(FitRectToRect({0, 5, 1, 5}, tall), 10, 20, 110, 220),
         // Where the vector comes from, clockwise from north; on the y axis where it points to (intended).
         E(DirectionAngle(1, 0), 270), E(DirectionAngle(-1, -1), 45), E(DirectionAngle(0, 5), 0), E(DirectionAngle(0, -5), 180),
+        E(DirectionAngle(0, 0), 0),
         // Radius 10 about (0, 0). An end below start is taken 360 higher; start 800 is taken as 80 with the end 1100
         // modulo 2 * 360 (380); (0.87, -4.92) and (1.71, 4.70) lie in the directions 350 and 200.
         E(PointInSector(0, 0, 10, 90, 180, -5, 0, 1), 1), E(PointInSector(0, 0, 10, 90, 180, -5, 0, 0), 0),
