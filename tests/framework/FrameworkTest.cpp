@@ -89,6 +89,7 @@ TEST(Framework, ApplicationRoutesMessageBoxesAndCountsTheWaitCursor)
         EXPECT_EQ(arrow, ::GetCursor()) << "an extra End must not leave a negative count";
     }
     EXPECT_EQ(nullptr, AfxGetApp()) << "destroying the application clears it";
+    EXPECT_STREQ("drawtool_tests", CWinApp().m_pszAppName) << "without a name, the program's file name";
     CWaitCursor withoutApp;         // counted by the framework itself
     EXPECT_EQ(wait, ::GetCursor());
 }
