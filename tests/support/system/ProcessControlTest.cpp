@@ -172,4 +172,6 @@ TEST(ProcessWait, PumpingNotifiesTheWindowAndDispatchesWhileTheChildRuns)
     EXPECT_EQ(0, RunProcessPumping(window, "no_such_program.exe", {}, "", SW_HIDE, 0));
     EXPECT_EQ((Sequence{{0x407, 2123, 0}, {0x407, 2123, 0}}), Records);
     DestroyWindow(window);
+    EXPECT_EQ(0, RunProcessPumping(ChildExe.c_str(), {"set", "pumped", "0"}, "", SW_HIDE, 0));
+    EXPECT_EQ("pumped", std::string(GetClipboardText(nullptr))) << "without a window the child runs and is waited for";
 }
