@@ -16,21 +16,24 @@ TEST(FileFind, StepsOntoEachEntryAndGivesFullPathsForRelativePatterns)
     std::filesystem::remove_all(dir);
     std::filesystem::create_directories(dir / "sub");
     std::ofstream(dir / "a.txt") << "12345";
+    ::SetFileAttributesA((dir / "a.txt").string().c_str(), FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_HIDDEN);
     std::filesystem::current_path(dir);
     CFileFind finder;
     ASSERT_TRUE(finder.FindFile("*.*"));
-    std::vector<std::string> seen; // name|path|dots, directory|length; the last entry is read after a 0 answer
+    // name|path|dots, directory, system, hidden|length; the last entry is read after a 0 answer
+    std::vector<std::string> seen;
     for (BOOL more = TRUE; more;) {
         more = finder.FindNextFile();
         seen.push_back(std::string(finder.GetFileName()) + "|" + finder.GetFilePath().GetString() + "|"
-                       + std::to_string(finder.IsDots() * 10 + finder.IsDirectory()) + "|"
+                       + std::to_string(finder.IsDots() * 1000 + finder.IsDirectory() * 100 + finder.IsSystem() * 10
+                                        + finder.IsHidden()) + "|"
                        + std::to_string(finder.GetLength()));
     }
     std::filesystem::current_path(previous);
     std::sort(seen.begin(), seen.end());
     const std::string root = dir.string();
-    EXPECT_EQ(seen, (std::vector<std::string>{"..|" + root + "\\..|11|0", ".|" + root + "\\.|11|0",
-                                              "a.txt|" + root + "\\a.txt|0|5", "sub|" + root + "\\sub|1|0"}));
+    EXPECT_EQ(seen, (std::vector<std::string>{"..|" + root + "\\..|1100|0", ".|" + root + "\\.|1100|0",
+                                              "a.txt|" + root + "\\a.txt|11|5", "sub|" + root + "\\sub|100|0"}));
     EXPECT_EQ(std::string(finder.GetRoot()), root);
     finder.Close();
     EXPECT_FALSE(finder.FindNextFile()) << "after Close";
