@@ -41,7 +41,7 @@ TEST(NumberText, CorrectlyRoundedText)
     Check<double, const char*>("FormatExp", [](double v, int) { return FormatExp(v).str(); },
         {{1500.0, 0, "1.5e+3"}, {-0.0, 0, "-0"}, {-0.00000025, 0, "-2.5e-7"}, {1e100, 0, "1e+100"},
          {12345685.0, 0, "1.234568e+7"} /* msvcrt: ...69 */, {9999999.5, 0, "1e+7"}, {kInf, 0, ""}});
-    Check<double, int>("DecimalsShown", DecimalsShown, {{2.0, 0, 0}, {1.25, 0, 2}, {2.0, 3, 1}, {1.23456, 3, 3},
+    Check<double, int>("DecimalsShown", DecimalsShown, {{2.0, 0, 0}, {1.25, 0, 2}, {2.0, 3, 1}, {1.23456, 3, 3}, {1.25, 1, 1},
         {0.1, INT_MAX, 55}, {kNaN, 0, 0}, {kNaN, 3, 1}});
     Check<double, int>("FirstSignificantDecimal", [](double v, int) { return FirstSignificantDecimal(v); },
         {{0.00123, 0, 3}, {-0.05, 0, 2}, {0.0000015, 0, 6}, {2.0, 0, 1}, {0.9999999, 0, 1}, {kNaN, 0, 0}});
