@@ -17,6 +17,7 @@ TEST(Framework, WrappersDoNotOwnAndInertDcsFailQuietly)
     }
     EXPECT_EQ(0u, ::GetObjectType(raw)) << "the owner deleted it, the wrapper did not interfere";
     EXPECT_EQ(nullptr, CPen::FromHandle(nullptr));
+    EXPECT_TRUE(CRect(1, 2, 4, 10).Size() == CSize(3, 8)) << "width and height are differences of the edges";
     CDC dc;
     ASSERT_TRUE(dc.CreateCompatibleDC(nullptr));
     CPen pen(PS_SOLID, 2, RGB(1, 2, 3));
