@@ -18,6 +18,10 @@ TEST(Framework, WrappersDoNotOwnAndInertDcsFailQuietly)
     EXPECT_EQ(0u, ::GetObjectType(raw)) << "the owner deleted it, the wrapper did not interfere";
     EXPECT_EQ(nullptr, CPen::FromHandle(nullptr));
     EXPECT_TRUE(CRect(1, 2, 4, 10).Size() == CSize(3, 8)) << "width and height are differences of the edges";
+    CWnd desktop;
+    desktop.Attach(::GetDesktopWindow());
+    EXPECT_EQ(::GetDesktopWindow(), desktop.Detach()) << "Detach hands the window back";
+    EXPECT_EQ(nullptr, desktop.GetSafeHwnd());
     CDC dc;
     ASSERT_TRUE(dc.CreateCompatibleDC(nullptr));
     CPen pen(PS_SOLID, 2, RGB(1, 2, 3));
@@ -47,6 +51,8 @@ TEST(Framework, StringsFormatAndConvertAndFileExceptionsMapTheRuntimesErrorNumbe
     EXPECT_EQ(CString("7"), text) << "a one-character result";
     // The ANSI code page 1252 (the OEM code page 437 would give 0x82 0x81).
     EXPECT_EQ(CString("\xE9\xFC"), CString(L"\u00E9\u00FC")) << "wide text converted through CP_ACP";
+    EXPECT_EQ(CString("\xC9""A|\xE9""a"), CString("\xE9""a|").MakeUpper() + CString("\xC9""A").MakeLower())
+        << "case follows the ANSI code page";
     for (const auto& [error, cause] : std::vector<std::pair<int, int>>{{0, CFileException::none},
              {ENOENT, CFileException::fileNotFound}, {EACCES, CFileException::accessDenied},
              {ENOSPC, CFileException::diskFull}, {EIO, CFileException::hardIO}, {EINVAL, CFileException::genericException}})
