@@ -179,6 +179,7 @@ TEST(GeodesyFittingAndPlaneGeometry, WorkedExamplesBoundariesAndTheEllipsoidTabl
         // modulo 2 * 360 (380); (0.87, -4.92) and (1.71, 4.70) lie in the directions 350 and 200.
         E(PointInSector(0, 0, 10, 90, 180, -5, 0, 1), 1), E(PointInSector(0, 0, 10, 90, 180, -5, 0, 0), 0),
         E(PointInSector(0, 0, 10, 90, 180, 0, 20, 1), 0), E(PointInSector(0, 0, 10, 90, 180, 0, 0, 1), 1),
+        E(PointInSector(0, 20, 10, 90, 180, 0, 15, 1), 1),  // due south of a centre off the origin
         E(PointInSector(0, 0, 10, 300, 30, 0.87, -4.92, 1), 1), E(PointInSector(0, 0, 10, 800, 1100, 1.71, 4.70, 1), 1),
         E(PointInSector(0, 0, 10, 400, 450, -1, -0.5, 1), 1),   // one turn: 40 to 90, the point at 63
         // Ties go to the first; NaN distances are passed over. Ray flag 0: on the segment and ahead; 1: behind or

@@ -87,7 +87,9 @@ TEST(ProcessExitCode, ReadersTellRunningEndedAndUnknown)
     for (const Row& row : rows)
         EXPECT_EQ(row.expected, row.got) << row.call;
     ASSERT_EQ(STILL_ACTIVE, ExitCodeAfterWait(running, 0)) << "a name that differs ends nothing";
+    const HANDLE freeSlot = SixtyFourthFreeHandleSlot();
     EXPECT_EQ(0, EndProcessIfRunning(runningId, "child.exe"));
+    EXPECT_EQ(freeSlot, SixtyFourthFreeHandleSlot()) << "the handle opened to end it is closed";
     EXPECT_EQ(0u, ExitCodeAfterWait(running)) << "terminated with exit code 0";
     const HANDLE another = StartSleeper();
     EXPECT_EQ(0, TerminateProcessHandle(another));
