@@ -50,7 +50,7 @@ TEST(NumberText, CorrectlyRoundedText)
 // Text read as numbers; DegreesToDms splits through "%.8f" text.
 TEST(NumberText, ReadingAndSplitting)
 {
-    Check<const char*, int>("ParseInt", [](const char* t, int) { return ParseInt(t); }, {{" \t-17x", 0, -17},
+    Check<const char*, int>("ParseInt", [](const char* t, int) { return ParseInt(t); }, {{" \t-17x", 0, -17}, {"\n\v\f\r8", 0, 8},
         {"2147483648", 0, INT_MAX}, {"-99999999999999999999", 0, INT_MIN}, {"- 5", 0, 0}, {nullptr, 0, 0}});
     Check<const char*, double>("ParseDouble", [](const char* t, int) { return ParseDouble(t); }, {{"  -.5x", 0, -0.5},
         {"1e", 0, 1.0}, {"1e999", 0, kInf}, {"-1e-999", 0, 0.0}, {"0x1p3", 0, 0.0}, {"--1", 0, 0.0}, {nullptr, 0, 0.0}});
