@@ -17,6 +17,10 @@ TEST(Framework, WrappersDoNotOwnAndInertDcsFailQuietly)
     }
     EXPECT_EQ(0u, ::GetObjectType(raw)) << "the owner deleted it, the wrapper did not interfere";
     EXPECT_EQ(nullptr, CPen::FromHandle(nullptr));
+    CPen twice(PS_SOLID, 1, 0);
+    const HGDIOBJ first = twice.m_hObject;
+    twice.CreatePen(PS_DOT, 1, 0);
+    EXPECT_EQ(0u, ::GetObjectType(first)) << "creating again deletes the pen held before";
     EXPECT_TRUE(CRect(1, 2, 4, 10).Size() == CSize(3, 8)) << "width and height are differences of the edges";
     CWnd desktop;
     desktop.Attach(::GetDesktopWindow());
