@@ -1,3 +1,4 @@
+#include "common/DibCanvas.h"
 #include "framework/afxwin.h"
 
 #include <gtest/gtest.h>
@@ -103,4 +104,17 @@ TEST(Framework, ApplicationRoutesMessageBoxesAndCountsTheWaitCursor)
     EXPECT_STREQ("drawtool_tests", CWinApp().m_pszAppName) << "without a name, the program's file name";
     CWaitCursor withoutApp;         // counted by the framework itself
     EXPECT_EQ(wait, ::GetCursor());
+}
+
+// Without a brush the drag frame is XORed with a 50% grey checkerboard: each pixel differs from its
+// right-hand neighbour and matches the one below that, across the pattern's eight rows.
+TEST(Framework, DragFrameWithoutABrushIsACheckerboard)
+{
+    DibCanvas canvas(10, 10);
+    const RECT whole = {0, 0, 10, 10};
+    canvas.Dc().DrawDragRect(&whole, SIZE{10, 10}, nullptr, SIZE{}, nullptr, nullptr);
+    for (int y = 0; y < 8; ++y)
+        for (int x = 0; x < 8; ++x)
+            ASSERT_TRUE(canvas.Pixel(x, y) != canvas.Pixel(x + 1, y) && canvas.Pixel(x, y) == canvas.Pixel(x + 1, y + 1))
+                << "at (" << x << ", " << y << ")";
 }
