@@ -24,7 +24,7 @@ TEST(Framework, WrappersDoNotOwnAndInertDcsFailQuietly)
     EXPECT_EQ(0u, ::GetObjectType(first)) << "creating again deletes the pen held before";
     EXPECT_TRUE(CRect(1, 2, 4, 10).Size() == CSize(3, 8)) << "width and height are differences of the edges";
     CWnd desktop;
-    desktop.Attach(::GetDesktopWindow());
+    EXPECT_TRUE(desktop.Attach(::GetDesktopWindow()));
     EXPECT_EQ(::GetDesktopWindow(), desktop.Detach()) << "Detach hands the window back";
     EXPECT_EQ(nullptr, desktop.GetSafeHwnd());
     CDC dc;

@@ -110,6 +110,10 @@ TEST(StdioFile, TextRoundTripAndWriteErrors)
         untyped.WriteString("a\n");
     }
     EXPECT_EQ(ReadBytes(path + ".untyped"), "a\r\n") << "without a type flag the file is a text file";
+    CFile plain;
+    ASSERT_TRUE(plain.Open((path + ".bin").c_str(), CFile::modeCreate | CFile::modeWrite));
+    plain.Close();
+    EXPECT_TRUE(std::filesystem::remove(path + ".bin")) << "a closed CFile releases its file";
     if (!full.Open("Z:\\dev\\full", CFile::modeWrite | CFile::shareDenyNone))
         GTEST_SKIP() << "no Z:\\dev\\full here";
     full.WriteString("short\n");
