@@ -40,6 +40,17 @@ TEST(Framework, WrappersDoNotOwnAndInertDcsFailQuietly)
     LOGFONTA made = {};
     ::GetObjectA(pointFont.m_hObject, sizeof(made), &made);
     EXPECT_EQ(-MulDiv(96, ::GetDeviceCaps(dc.m_hDC, LOGPIXELSY), 96), made.lfHeight) << "a character height";
+    CDC pair;  // output and attribute DCs apart, as MFC keeps them for a metafile
+    pair.m_hDC = ::CreateCompatibleDC(nullptr);
+    pair.m_hAttribDC = ::CreateCompatibleDC(nullptr);
+    const POINT to[1] = {{7, 9}};
+    pair.PolylineTo(to, 1);
+    POINT at = {};
+    ::GetCurrentPositionEx(pair.m_hAttribDC, &at);
+    EXPECT_EQ(CPoint(7, 9), CPoint(at)) << "the attribute DC follows the output DC's position";
+    ::DeleteDC(pair.m_hDC);
+    ::DeleteDC(pair.m_hAttribDC);
+    pair.m_hDC = pair.m_hAttribDC = nullptr;
     CDC inert;  // null handles: every call fails quietly
     EXPECT_EQ(nullptr, inert.SelectObject(&pen));
     EXPECT_FALSE(inert.LineTo(1, 1));
