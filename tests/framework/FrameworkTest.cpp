@@ -43,11 +43,21 @@ TEST(Framework, WrappersDoNotOwnAndInertDcsFailQuietly)
     CDC pair;  // output and attribute DCs apart, as MFC keeps them for a metafile
     pair.m_hDC = ::CreateCompatibleDC(nullptr);
     pair.m_hAttribDC = ::CreateCompatibleDC(nullptr);
-    const POINT to[1] = {{7, 9}};
-    pair.PolylineTo(to, 1);
-    POINT at = {};
-    ::GetCurrentPositionEx(pair.m_hAttribDC, &at);
-    EXPECT_EQ(CPoint(7, 9), CPoint(at)) << "the attribute DC follows the output DC's position";
+    const POINT to[3] = {{7, 9}, {7, 9}, {7, 9}};
+    const BYTE lineTo[1] = {PT_LINETO};
+    for (int call = 0; call < 4; ++call) {
+        ::MoveToEx(pair.m_hDC, 0, 0, nullptr);
+        ::MoveToEx(pair.m_hAttribDC, 0, 0, nullptr);
+        call == 0 ? pair.PolylineTo(to, 1)
+        : call == 1 ? pair.PolyBezierTo(to, 3)
+        : call == 2 ? pair.PolyDraw(to, lineTo, 1)
+                    : pair.ArcTo(0, 0, 14, 18, 7, 0, 7, 18);
+        POINT output = {}, attrib = {};
+        ::GetCurrentPositionEx(pair.m_hDC, &output);
+        ::GetCurrentPositionEx(pair.m_hAttribDC, &attrib);
+        EXPECT_TRUE(CPoint(output) != CPoint(0, 0) && CPoint(output) == CPoint(attrib))
+            << "call " << call << ": the attribute DC follows the output DC's position";
+    }
     ::DeleteDC(pair.m_hDC);
     ::DeleteDC(pair.m_hAttribDC);
     pair.m_hDC = pair.m_hAttribDC = nullptr;
