@@ -38,4 +38,6 @@ TEST(FileFind, StepsOntoEachEntryAndGivesFullPathsForRelativePatterns)
     finder.Close();
     EXPECT_FALSE(finder.FindNextFile()) << "after Close";
     EXPECT_FALSE(finder.FindFile((root + "\\none\\*").c_str())) << "missing directory";
+    ASSERT_TRUE(finder.FindFile("C:\\*"));
+    EXPECT_STREQ("C:\\", finder.GetRoot().GetString()) << "a drive's root keeps its backslash";
 }
