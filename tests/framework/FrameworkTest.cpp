@@ -79,6 +79,12 @@ TEST(Framework, StringsFormatAndConvertAndFileExceptionsMapTheRuntimesErrorNumbe
     EXPECT_EQ(CString("\xE9\xFC"), CString(L"\u00E9\u00FC")) << "wide text converted through CP_ACP";
     EXPECT_EQ(CString("\xC9""A|\xE9""a"), CString("\xE9""a|").MakeUpper() + CString("\xC9""A").MakeLower())
         << "case follows the ANSI code page";
+    CString found("abcb");
+    EXPECT_EQ((std::vector<int>{3, 4, -1, 3}),
+              (std::vector<int>{found.Find("b", 2), found.Find("", 4), found.Find("b", 5), found.ReverseFind('b')}))
+        << "a search from the end finds only the empty text; the reverse search the last match";
+    EXPECT_EQ(0, found.Replace("", "x") + found.Replace(nullptr, "x")) << "an empty or null pattern replaces nothing";
+    EXPECT_EQ(CString("abcb"), found);
     for (const auto& [error, cause] : std::vector<std::pair<int, int>>{{0, CFileException::none},
              {ENOENT, CFileException::fileNotFound}, {EACCES, CFileException::accessDenied},
              {ENOSPC, CFileException::diskFull}, {EIO, CFileException::hardIO}, {EINVAL, CFileException::genericException}})
