@@ -8,7 +8,6 @@
 #include <algorithm>
 #include <climits>
 #include <memory>
-#include <new>
 
 namespace {
 
@@ -16,11 +15,45 @@ namespace {
 /// first point of the next run, so that consecutive runs meet.
 constexpr int kRunLength = 15000;
 
+/// The heap the point copies come from: the module's own, so that a block
+/// freed after one call is reused, still mapped and warm, by the next. The
+/// process heap and the C runtime's give a block of this size fresh pages
+/// each time, which under Wine costs more than mapping the points. Made on
+/// first use and destroyed when the module unloads; the process heap stands
+/// in if it cannot be made.
+class PointHeap {
+public:
+    PointHeap() : m_heap(::HeapCreate(0, 0, 0)) {}
+    ~PointHeap()
+    {
+        if (m_heap)
+            ::HeapDestroy(m_heap);
+    }
+    PointHeap(const PointHeap&) = delete;
+    PointHeap& operator=(const PointHeap&) = delete;
+    HANDLE Handle() const { return m_heap ? m_heap : ::GetProcessHeap(); }
+
+private:
+    HANDLE m_heap;
+};
+
+HANDLE PointHeapHandle()
+{
+    static const PointHeap heap;
+    return heap.Handle();
+}
+
+struct FreePoints {
+    void operator()(POINT* points) const { ::HeapFree(PointHeapHandle(), 0, points); }
+};
+using PointBlock = std::unique_ptr<POINT[], FreePoints>;
+
 /// A heap block of `count` points (every one is written before GDI reads
 /// it, so none is cleared first), or null when it cannot be had.
-std::unique_ptr<POINT[]> AllocatePoints(int count)
+PointBlock AllocatePoints(int count)
 {
-    return std::unique_ptr<POINT[]>(new (std::nothrow) POINT[static_cast<size_t>(count)]);
+    const size_t bytes = sizeof(POINT) * static_cast<size_t>(count);
+    return PointBlock(static_cast<POINT*>(::HeapAlloc(PointHeapHandle(), 0, bytes)));
 }
 
 /// The point-array pattern: below two points (or without points) nothing is
@@ -30,7 +63,7 @@ int DrawMapped(const CoordinateFrame& frame, const POINT* points, int count, Dra
 {
     if (count < 2 || !points)
         return 0;
-    const std::unique_ptr<POINT[]> copy = AllocatePoints(count);
+    const PointBlock copy = AllocatePoints(count);
     if (!copy)
         return 0;
     MapPoints(frame, points, count, copy.get());
@@ -61,7 +94,7 @@ int CMoruDrawTool::Polyline(POINT* points, int count)
     int runs = static_cast<int>(quotient);
     if (quotient > runs)
         ++runs;
-    const std::unique_ptr<POINT[]> run = AllocatePoints(kRunLength + 1);
+    const PointBlock run = AllocatePoints(kRunLength + 1);
     if (!run)
         return 0;
     int result = 0;
