@@ -358,7 +358,8 @@ public:
     int TextOutW(POINT point, const wchar_t* text);
     /// Draws in a mapped copy of `rect` (TextShiftY off both top and bottom,
     /// not put in order); the host's rectangle is read, never written, even
-    /// with DT_CALCRECT. A null rect draws nothing and returns 0. With
+    /// with DT_CALCRECT. A null rect, or a DC handle the host has deleted,
+    /// draws nothing and returns 0 without calling DrawText. With
     /// DT_MODIFYSTRING the text as shown (with its ellipsis, up to four
     /// characters longer) goes to the tool's own copy, which has room for it;
     /// the host's text is never written.

@@ -21,11 +21,13 @@ int TextOutAt(CDC* dc, const CoordinateFrame& frame, int textShiftY, int x, int 
 }
 
 // Draws into a mapped copy of the host's rectangle, which stays unwritten
-// even with DT_CALCRECT. The copy is not put in order. A null rectangle or an
-// inert DC draws nothing and answers 0, DrawText's failure value.
+// even with DT_CALCRECT. The copy is not put in order. A null rectangle, an
+// inert DC, or a handle that is no longer a DC (the host deleted it) draws
+// nothing and answers 0, DrawText's failure value; Wine's DrawText would
+// divide by zero measuring tabs on such a handle.
 int DrawTextIn(CDC* dc, const CoordinateFrame& frame, int textShiftY, CString text, const RECT* rect, UINT format)
 {
-    if (!rect || IsInert(dc))
+    if (!rect || IsInert(dc) || !::GetObjectType(dc->m_hDC))
         return 0;
     // With DT_MODIFYSTRING and an ellipsis, DrawText writes the text it shows
     // back into its buffer, up to four characters longer than the count it
