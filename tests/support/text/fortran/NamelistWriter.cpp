@@ -22,10 +22,8 @@ int main(int argc, char** argv)
     WriteNamelistBool(f, "FLAG", true, "");
     WriteNamelistBool(f, "DEBUG", false, "off");
     WriteNamelistInt(f, "NMIN", -2147483647 - 1, "");
-    WriteNamelistInt(f, "NMAX", 2147483647, "largest");
     WriteNamelistDouble(f, "DT", 0.1, "");
     WriteNamelistDouble(f, "CARRY", 9.99999996, "");   // rounded up to 10.0
-    WriteNamelistDouble(f, "TINY", 0.000000049, "");   // below the seventh decimal: 0.0
     WriteNamelistDouble(f, "NEGZ", -0.00000001, "");
     WriteNamelistDouble(f, "PRECISE", 123456.123456789, "");
     WriteNamelistDouble(f, "BIG", 1e20, "");
