@@ -14,9 +14,9 @@ TEST(Framework, CreatingAgainDeletesTheOldPenPairedDcsMoveTogetherAndNullDcsFail
     const HGDIOBJ first = twice.m_hObject;
     twice.CreatePen(PS_DOT, 1, 0);
     EXPECT_EQ(0u, ::GetObjectType(first)) << "creating again deletes the pen held before";
+    EXPECT_TRUE(CWnd().Attach(::GetDesktopWindow()) && !CWnd().Attach(nullptr)) << "Attach's answer";
     CDC dc;
     ASSERT_TRUE(dc.CreateCompatibleDC(nullptr));
-    CPen pen(PS_SOLID, 2, RGB(1, 2, 3));
     dc.SetViewportOrg(5, 6);
     CFont pointFont;   // 72 points on a 96-pixel-per-inch DC are 96 pixels, whatever the viewport origin
     LOGFONTA made = {};
@@ -41,7 +41,7 @@ TEST(Framework, CreatingAgainDeletesTheOldPenPairedDcsMoveTogetherAndNullDcsFail
     EXPECT_TRUE(pair.ArcTo(0, 0, 14, 18, 7, 0, 7, 18) && follows()) << "ArcTo";
     ::DeleteDC(pair.m_hAttribDC);   // the destructor deletes the output DC only
     CDC inert;  // null handles: every call fails quietly
-    EXPECT_EQ(nullptr, inert.SelectObject(&pen));
+    EXPECT_EQ(nullptr, inert.SelectObject(&twice));
     EXPECT_FALSE(inert.LineTo(1, 1));
     EXPECT_EQ(0, inert.SetROP2(R2_XORPEN) + inert.SetPolyFillMode(WINDING) + inert.SetArcDirection(AD_CLOCKWISE))
         << "mode setters answer 0, GDI's failure";
@@ -96,12 +96,14 @@ TEST(Framework, ApplicationIsCurrentWhileItLivesAndCountsTheWaitCursor)
 }
 
 // Without a brush the drag frame is XORed with a 50% grey checkerboard: each pixel differs from its
-// right-hand neighbour and matches the one below that, across the pattern's eight rows.
-TEST(Framework, DragFrameWithoutABrushIsACheckerboard)
+// right-hand neighbour and matches the one below that, across the pattern's eight rows. Between the top and
+// bottom strips (9 rows each) the side strips are 9 pixels wide and the 2 x 2 inside stays white.
+TEST(Framework, DragFrameWithoutABrushIsACheckerboardOfTheFrameOnly)
 {
-    DibCanvas canvas(10, 10);
-    const RECT whole = {0, 0, 10, 10};
-    canvas.Dc().DrawDragRect(&whole, SIZE{10, 10}, nullptr, SIZE{}, nullptr, nullptr);
+    DibCanvas canvas(20, 20);
+    const RECT whole = {0, 0, 20, 20};
+    canvas.Dc().DrawDragRect(&whole, SIZE{9, 9}, nullptr, SIZE{}, nullptr, nullptr);
+    EXPECT_EQ(canvas.CountPixels(RGB(255, 255, 255), 0, 9, 20, 11), 9 + 4 + 9) << "white in rows 9 and 10";
     for (int y = 0; y < 8; ++y)
         for (int x = 0; x < 8; ++x)
             ASSERT_TRUE(canvas.Pixel(x, y) != canvas.Pixel(x + 1, y) && canvas.Pixel(x, y) == canvas.Pixel(x + 1, y + 1))

@@ -9,8 +9,7 @@
 #include <limits>
 #include <vector>
 
-const double kNaN = std::nan("");
-const double kInf = HUGE_VAL;
+const double kNaN = std::nan(""), kInf = HUGE_VAL;
 
 // The rounding rule written out literally: shift a non-integer by one half
 // away from zero, print with "%.0f", read the text back; texts outside the
