@@ -9,7 +9,6 @@ int main()
     CMoruDrawTool* tool = CreateDrawTool(nullptr, &dc);
     RECT area = {0, 0, 100, 100};
     tool->Initialize(&area, 1);
-    tool->MoveTo(0, 0);
     tool->LineTo(RoundToInt(10.5), 20);
     tool->Finalize();
     DestroyDrawTool(tool);

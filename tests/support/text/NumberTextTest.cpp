@@ -1,14 +1,10 @@
 // Expected texts are the exact binary values rounded half to even; "msvcrt:"
 // notes where that runtime's printf would differ.
-#include "support/text/AngleText.h"
-#include "support/text/IntegerText.h"
-#include "support/text/NumberFormat.h"
-#include "support/text/NumberText.h"
+#include "support/text/Text.h"
 
 #include <gtest/gtest.h>
 
 #include <climits>
-#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <limits>
@@ -57,8 +53,6 @@ TEST(NumberText, ReadingAndSplitting)
     // Digits weigh 16 times their distance from the end: "100" is 32, not 256.
     Check<const char*, int>("HexToInt", [](const char* t, int) { return HexToInt(t); }, {{"FF", 0, 255}, {"7f", 0, 127},
         {"0A", 0, 10}, {"100", 0, 32}, {"ABC", 0, 508}, {"0x1F", 0, 0}, {"1 ", 0, 0}, {"", 0, 0}, {nullptr, 0, 0}});
-    const uint64_t n = 100000;   // wraps modulo 2^32: 15 + sum of 15 * 16 * k for k < n
-    EXPECT_EQ(HexToInt(std::string(n, 'F').c_str()), static_cast<int>(static_cast<uint32_t>(120 * n * (n - 1) + 15)));
     const auto texts = [](std::initializer_list<double> values) {   // %.17g shows every bit and NaN
         std::string text;
         char number[32];
@@ -76,11 +70,10 @@ TEST(NumberText, ReadingAndSplitting)
         double degrees = -1, minutes = -1, seconds = -1;
         DegreesToDms(v, degrees, minutes, seconds);
         return texts({degrees, minutes, seconds, DmsToMinutes(v), DmsToSeconds(v)});
-    }, {{139.7625, 0, "139 45 45 8385.75 503145"},
+    }, {{139.7625, 0, "139 45 45 8385.75 503145"}, {-kInf, 0, "0 0 0 0 0"},
         {45.508333333, 0, "45 30 29.9999988 2730.4999999800002 163829.99999879999"},
         {-12.5, 0, "-12 30 0 -690 -41400"}, {-0.5, 0, "0 30 0 30 1800"}, {12.99999999, 0, "12 60 0 780 46800"},
-        {1e20, 0, "2147483647 0 3.5999999999226904e+23 6e+21 3.5999999999999998e+23"}, {kNaN, 0, "0 0 nan nan nan"},
-        {-kInf, 0, "0 0 0 0 0"}});
+        {1e20, 0, "2147483647 0 3.5999999999226904e+23 6e+21 3.5999999999999998e+23"}, {kNaN, 0, "0 0 nan nan nan"}});
     const double parts[] = {-12.0, 30.0, 30.0};   // added as given
     Check<const double*, double>("DmsArrayToMinutes", [](const double* p, int) { double m = -1; DmsArrayToMinutes(p, m); return m; },
         {{parts, 0, -689.5}, {nullptr, 0, 0.0}});

@@ -5,6 +5,7 @@ target_link_libraries(text_tests PRIVATE support)
 # natively on the file the library writes under Wine.
 add_executable(namelist_writer support/text/fortran/NamelistWriter.cpp)
 target_link_libraries(namelist_writer PRIVATE support)
+add_dependencies(text_tests namelist_writer)
 find_program(GFORTRAN gfortran REQUIRED)
 add_test(NAME namelist_fortran_reader
   COMMAND ${CMAKE_COMMAND} -DFORTRAN=${GFORTRAN} -DWRITER=$<TARGET_FILE:namelist_writer>
