@@ -6,6 +6,7 @@
 #include <climits>
 #include <cmath>
 #include <iomanip>
+#include <random>
 #include <sstream>
 
 using Values = std::vector<double>;
@@ -36,7 +37,26 @@ static testing::AssertionResult Same(const char*, const char*, const std::vector
 }
 #define EXPECT_TABLE(tolerance, ...) EXPECT_PRED_FORMAT2(Same, (std::vector<Entry>{__VA_ARGS__}), tolerance)
 
-TEST(AxisScalingAndStepRounding, DecadeRuleNiceNumbersAxesAndStepGrids)
+// NiceAxis and NiceAxisCoarse as the rule counts; the second pass's downward count gives up only when its 32-bit
+// counter, run down through INT_MIN and wrapped, reads 1000. Returns whether the second pass ran.
+static bool LiteralAxis(int n, double& min, double& max, double& step, int keepMin, bool coarse)
+{
+    const auto snap = [&](bool secondPass) {
+        for (int k = 0; min >= 0 && k < 1000; ++k)
+            if (k * step > min) return void(min = (k - 1) * step);
+        for (int k = 0; min < 0 && k != (secondPass ? 1000 : -1000); k = k == INT_MIN ? INT_MAX : k - 1)
+            if (min >= k * step) return void(min = k * step);
+        min = 0;
+    };
+    const double min0 = min, max0 = max;
+    step = (coarse ? NiceStep : NiceCeil)(std::fabs(max0 - min0) / n);
+    if (keepMin != 0) return max = min + n * step, false;
+    if (snap(false), !(max0 >= (max = n * step + min))) return false;
+    step = NiceCeil(std::fabs(NiceCeil(max0) - NiceFloor(min0)) / n);
+    return snap(true), max = n * step + min, true;
+}
+
+TEST(AxisScalingAndStepRounding, DecadeRuleNiceNumbersAxesAndStepGridsAndTheCountingRule)
 {
     const auto range = [](double min, double max) { Values v{-1, min, max}; v[0] = NiceRange(v[1], v[2]); return v; };
     const auto parts = [](double span) { Values v(4, -1.0); // count, step of NiceDivisions, then of ...Positive
@@ -87,6 +107,23 @@ TEST(AxisScalingAndStepRounding, DecadeRuleNiceNumbersAxesAndStepGrids)
         // The longest count: a second-pass step of 0 (nice numbers of denormals underflow) with min < 0 runs
         // through all 2^32 counter values, for seconds; the direct form returns at once.
         E(axis(5, kNaN, 10), 0, kNaN, kNaN), E(axis(1, -2 * 4.9e-324, 4.9e-324), 0, 0, 0));
+
+    // Direct against counting forms (1e-15 tells k steps from k + 1 even at 2^31 steps), by i % 3: zero span,
+    // tiny span, any limits; magnitudes 1e-12 to 1e12; n from -2 to 30, 500 to 3000 and a few huge n; coarse for odd
+    // i, keepMin for every seventh.
+    std::mt19937_64 random(20240605);
+    std::uniform_real_distribution<double> unit(-1, 1);
+    int secondPasses = 0;
+    for (int i = 0; i < 100000; ++i) {
+        const double scale = std::pow(10.0, static_cast<int>(random() % 25) - 12), a = unit(random) * scale;
+        const double b = unit(random) * scale, max = i % 3 == 0 ? a : i % 3 == 1 ? a + std::fabs(a) * 1e-13 * b / scale : b;
+        const int n = i % 16 == 3 ? INT_MAX - i : i % 4 == 1 ? 500 + i % 2500 : static_cast<int>(random() % 33) - 2;
+        Values e{a, max, 0}, g = e; // counted, direct: min, max, step
+        secondPasses += LiteralAxis(n, e[0], e[1], e[2], i % 7 == 0, i % 2);
+        (i % 2 ? NiceAxisCoarse : NiceAxis)(n, g[0], g[1], g[2], i % 7 == 0);
+        ASSERT_TRUE(Same("", "", {Entry{g, e, "direct form"}}, 0)) << "sample " << i << ": n " << n << ", min " << a;
+    }
+    EXPECT_GT(secondPasses, 10000) << "the sample must exercise the second pass";
 
 }
 
