@@ -38,4 +38,7 @@ TEST(FileFind, StepsOntoEachEntryAndGivesFullPathsForRelativePatterns)
     EXPECT_STREQ("C:\\", finder.GetRoot().GetString()) << "a drive's root keeps its backslash";
     finder.FindNextFile();
     EXPECT_EQ(std::string(finder.GetFilePath()), "C:\\" + std::string(finder.GetFileName())) << "one backslash";
+    // Patterns of MAX_PATH - 1 characters are searched, of MAX_PATH refused.
+    EXPECT_TRUE(finder.FindFile(("C:\\" + std::string(MAX_PATH - 4, '*')).c_str()));
+    EXPECT_FALSE(finder.FindFile(("C:\\" + std::string(MAX_PATH - 3, '*')).c_str()));
 }
