@@ -18,11 +18,11 @@ typedef void (*AnyFunction)(void);
 
 int main(int argc, char** argv)
 {
-    static char results[4096];
+    static char results[1024];
     char path[MAX_PATH];
     ChartCalls found;
     HMODULE module = LoadLibraryA("drawtool.dll");
-    int parts[4] = {0, 0, 0, 0}, versioned;
+    int parts[4] = {0, 0, 0, 0};
     DrawToolHandle tool;
     FILE* file;
     if (argc != 2 || strlen(argv[1]) > MAX_PATH - 20 || !module)
@@ -38,8 +38,8 @@ int main(int argc, char** argv)
     DrawChart(&found, tool, results);
     DeleteEnhMetaFile(CloseEnhMetaFile(DrawTool_GetDCPointer(tool)));
     DrawTool_Destroy(tool);
-    versioned = DrawTool_GetVersion(&parts[0], &parts[1], &parts[2], &parts[3]);
-    sprintf(results + strlen(results), "version %d %d.%d.%d.%d\n", versioned, parts[0], parts[1], parts[2], parts[3]);
+    parts[0] = DrawTool_GetVersion(&parts[1], &parts[2], &parts[3], NULL);
+    sprintf(results + strlen(results), "version %d %d.%d.%d\n", parts[0], parts[1], parts[2], parts[3]);
     sprintf(path, "%s\\results.txt", argv[1]);
     file = fopen(path, "wb");
     return file && fputs(results, file) >= 0 && !fclose(file) ? 0 : 3;

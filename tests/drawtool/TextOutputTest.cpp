@@ -48,20 +48,25 @@ TEST(TextOutput, HostDcSeesMappedPositionsHalfAwayTheAlignmentShiftAndTheConvert
     // form in code page 1252, the tests' (each becomes '?'); null is empty.
     ASSERT_EQ(1252u, ::GetACP()) << "the expected bytes below are code page 1252's";
     const struct Case {
-        const char* what; int mode; double sx, sy, ox, oy; bool ex; UINT align, onDc; bool centred; RECT in, mapped;
+        int mode; double sx, sy, ox, oy; bool ex; UINT align, onDc; bool centred; RECT in, mapped;
         const char* a; const wchar_t* w; const char* bytes;
     } cases[] = {
-        {"x 2.25 + 0.25: 9.25 and -4.25; y 1.1 - 0.5: 6.1 and -3.8", 0, 2.25, 1.1, 0.25, -0.5, false, TA_BASELINE,
-         TA_BASELINE, false, {4, 6, -2, -3}, {9, 6, -4, -4}, "a??b", L"a\u65E5\u2603b", "a??b"},
-        {"ScaleFactX/Y 2.5: halves away from zero", 0, 2.5, 2.5, 0, 0, true, TA_BASELINE | TA_CENTER,
-         TA_TOP | TA_CENTER, true, {-1, -1, 1, 1}, {-3, -3, 3, 3}, "abc", L"abc", "abc"},
-        {"y-up frame, ScaleFactY 2, OffsetY 100", 1, 1.0, 2.0, 0, 100, true, TA_BASELINE | TA_RIGHT,
-         TA_RIGHT, true, {10, 20, 100, 50}, {10, 60, 100, 0}, nullptr, nullptr, ""},
-        {"TA_BOTTOM alone is no baseline: as SetTextAlign, the shift cleared", 0, 2.25, 1.1, 0.25, -0.5, true,
-         TA_BOTTOM | TA_RIGHT, TA_BOTTOM | TA_RIGHT, false, {4, 6, -2, -3}, {9, 6, -4, -4}, "\xE9" "b", L"\u00E9b",
-         "\xE9" "b"},  // e-acute: 0xE9 in the ANSI code page, 0x82 in the OEM one
+        // x 2.25 + 0.25: 9.25 and -4.25; y 1.1 - 0.5: 6.1 and -3.8
+        {0, 2.25, 1.1, 0.25, -0.5, false, TA_BASELINE, TA_BASELINE, false, {4, 6, -2, -3}, {9, 6, -4, -4}, "a??b",
+         L"a\u65E5\u2603b", "a??b"},
+        // ScaleFactX/Y 2.5: halves away from zero
+        {0, 2.5, 2.5, 0, 0, true, TA_BASELINE | TA_CENTER, TA_TOP | TA_CENTER, true, {-1, -1, 1, 1}, {-3, -3, 3, 3},
+         "abc", L"abc", "abc"},
+        // y-up frame, ScaleFactY 2, OffsetY 100
+        {1, 1.0, 2.0, 0, 100, true, TA_BASELINE | TA_RIGHT, TA_RIGHT, true, {10, 20, 100, 50}, {10, 60, 100, 0},
+         nullptr, nullptr, ""},
+        // TA_BOTTOM alone is no baseline: as SetTextAlign, the shift cleared; e-acute is 0xE9 in the ANSI code
+        // page, 0x82 in the OEM one
+        {0, 2.25, 1.1, 0.25, -0.5, true, TA_BOTTOM | TA_RIGHT, TA_BOTTOM | TA_RIGHT, false, {4, 6, -2, -3},
+         {9, 6, -4, -4}, "\xE9" "b", L"\u00E9b", "\xE9" "b"},
     };
     for (const Case& c : cases) {
+        const char* const what = c.bytes;
         TextCallLog dc;
         CMoruDrawTool tool(nullptr, &dc);
         tool.SetScaleFactX(c.sx);
@@ -74,8 +79,8 @@ TEST(TextOutput, HostDcSeesMappedPositionsHalfAwayTheAlignmentShiftAndTheConvert
         ASSERT_EQ(1, dummy % 2) << "\"dummy\" " << dummy << " high: are fonts installed for Wine?";
         tool.SetTextAlignEx(TA_BASELINE);  // a shift to keep or clear
         ::SetTextAlign(dc.m_hDC, TA_UPDATECP);  // the alignment to return
-        EXPECT_EQ(UINT(TA_UPDATECP), c.ex ? tool.SetTextAlignEx(c.align) : tool.SetTextAlign(c.align)) << c.what;
-        EXPECT_EQ(c.onDc, ::GetTextAlign(dc.m_hDC)) << c.what << ": the DC's alignment";
+        EXPECT_EQ(UINT(TA_UPDATECP), c.ex ? tool.SetTextAlignEx(c.align) : tool.SetTextAlign(c.align)) << what;
+        EXPECT_EQ(c.onDc, ::GetTextAlign(dc.m_hDC)) << what << ": the DC's alignment";
         tool.SetFont1A(90, 0, nullptr, 0);
         RECT host = c.in;
         tool.TextOutA(c.in.left, c.in.top, c.a);
@@ -86,8 +91,8 @@ TEST(TextOutput, HostDcSeesMappedPositionsHalfAwayTheAlignmentShiftAndTheConvert
         const RECT m = {c.mapped.left, c.mapped.top + shift, c.mapped.right, c.mapped.bottom + shift};
         const std::string text = " \"" + std::string(c.bytes) + "\" " + std::to_string(std::strlen(c.bytes)) + "; ";
         const std::string out = "TextOut " + Pair(m.left, m.top) + text;
-        EXPECT_EQ(out + out + "DrawText 3072 " + Str(m) + text, dc.log) << c.what << ", shift " << shift;
-        EXPECT_EQ(Str(c.in), Str(host)) << c.what << ": the host's rectangle is never written";
+        EXPECT_EQ(out + out + "DrawText 3072 " + Str(m) + text, dc.log) << what << ", shift " << shift;
+        EXPECT_EQ(Str(c.in), Str(host)) << what << ": the host's rectangle is never written";
         tool.Finalize();
     }
 }
