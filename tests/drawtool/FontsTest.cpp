@@ -70,6 +70,7 @@ TEST(Fonts, EachCallCreatesTheFontItsArgumentsAndSettingsDescribe)
 TEST(Fonts, PointFont0PairSetsLogFontInTenthsOfAPointAndLogFontOldToTheFontReplaced)
 {
     RecordingTool m(1.0, 1.0, 0.0, 0.0, 2.0);  // the font is converted for the DC, without ScaleFact
+    EXPECT_EQ(2.0, m.tool.GetScaleFact2()) << "the first SetScaleFact sets ScaleFact2";
     m.tool.SetFontStyle(600, 0x201);
     const std::string replaced = DescribeObject(m.tool.GetFont());
     EXPECT_EQ(replaced, Describe(*m.tool.GetLogFont())) << "LogFont: Initialize's font";
