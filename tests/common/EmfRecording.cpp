@@ -31,11 +31,8 @@ const Kind kKinds[] = {
     LISTS(POLYBEZIER),
     LISTS(POLYGON), LISTS(POLYLINE), LISTS(POLYBEZIERTO), LISTS(POLYLINETO), LISTS(POLYPOLYLINE), LISTS(POLYDRAW)};
 
-} // namespace
-
-std::string DescribeRecord(const EmfRecord& r)
+std::string DescribeRecord(const EmfRecord& r, const Kind* kind)
 {
-    const auto kind = std::find_if(std::begin(kKinds), std::end(kKinds), [&](auto& k) { return k.type == r.type; });
     if (kind == std::end(kKinds))
         return "type " + std::to_string(r.type);
     std::string text = kind->name;
@@ -56,11 +53,15 @@ std::string DescribeRecord(const EmfRecord& r)
     return text;
 }
 
+} // namespace
+
 std::vector<std::string> DescribeRecords(const std::vector<EmfRecord>& records, bool drawing)
 {
     std::vector<std::string> lines;
-    for (const EmfRecord& record : records)
-        if (!drawing || std::none_of(kKinds, kKinds + 11, [&](auto& k) { return k.type == record.type; }))
-            lines.push_back(DescribeRecord(record));
+    for (const EmfRecord& record : records) {
+        const Kind* kind = std::find_if(std::begin(kKinds), std::end(kKinds), [&](auto& k) { return k.type == record.type; });
+        if (!drawing || kind >= kKinds + 11)
+            lines.push_back(DescribeRecord(record, kind));
+    }
     return lines;
 }

@@ -31,7 +31,7 @@ struct EmfRecord {
 };
 
 /// The records of a metafile without its header and end, in order; the
-/// metafile handle is deleted (a null handle gives none).
+/// metafile handle is deleted.
 std::vector<EmfRecord> ReadRecords(HENHMETAFILE file);
 
 /// A metafile DC wrapped in a CDC. Finish() closes it and returns its records.
@@ -52,14 +52,12 @@ struct EmfRecorder {
 /// "EXTCREATEFONTINDIRECTW id height width escapement orientation weight",
 /// "SELECTOBJECT stock 7", "ANGLEARC x y radius", "BITBLT x y cx cy rop",
 /// "EXTTEXTOUTW" and its opaque box, point lists as "POLYLINE 3: 0,0 1,1 2,2"
-/// (16-bit forms named without the 16).
-std::string DescribeRecord(const EmfRecord& record);
-/// `drawing`: object, mode and state records left out.
+/// (16-bit forms named without the 16). `drawing`: object, mode and state
+/// records left out.
 std::vector<std::string> DescribeRecords(const std::vector<EmfRecord>& records, bool drawing = false);
 inline std::string DescribePoint(POINT p) { return std::to_string(p.x) + "," + std::to_string(p.y); }
 
-/// The drawing calls of `records` equal the table `{"LINETO 1 2", ...}`;
-/// a failure prints both tables.
+/// The drawing calls of `records` equal the table `{"LINETO 1 2", ...}`.
 using Calls = std::vector<std::string>;
 #define EXPECT_DRAWS(records, ...) EXPECT_EQ((Calls __VA_ARGS__), DescribeRecords(records, true))
 

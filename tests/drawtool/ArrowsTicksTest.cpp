@@ -30,16 +30,14 @@ TEST(Arrows, HeadsByKindAndPosition)
               Arrow(10, 30.0, 30.0, 10, 2));
     // A 90-degree head angle (180 for kind 2): cos 90 is 6e-17, the sides
     // 1.6e17 long; lines and polygons through such points are left out, as
-    // with a NaN or infinite direction (a fill toward such a point once kept
-    // a DIB busy for over 20 seconds under Wine).
+    // with a NaN direction (a fill toward such a point once kept a DIB busy
+    // for over 20 seconds under Wine). Unknown kinds draw nothing.
     for (int style : {0, 1, 10})
         EXPECT_EQ((Calls{m, shaft}), Arrow(style, 0.0, 90.0)) << "style " << style;
-    for (auto [style, headAngle] : {std::pair{2, 90.0}, {2, 180.0}, {3, 30.0}, {13, 30.0}, {23, 30.0}, {-1, 30.0},
-                                    {9, 30.0}, {-21, 30.0}})  // and unknown kinds
+    for (auto [style, headAngle] : {std::pair{2, 180.0}, {3, 30.0}, {-1, 30.0}})
         EXPECT_EQ(Calls{}, Arrow(style, 0.0, headAngle)) << "style " << style << " head angle " << headAngle;
-    for (double angle : {NAN, INFINITY, -INFINITY})
-        for (int style : {0, 1, 2, 10})
-            EXPECT_EQ(Calls{}, Arrow(style, angle)) << "style " << style << " angle " << angle;
+    for (int style : {0, 1, 2, 10})
+        EXPECT_EQ(Calls{}, Arrow(style, NAN)) << "style " << style;
 }
 
 TEST(Ticks, DrawTickAndDrawTick2ReturnTheirEndInVirtualUnits)
@@ -52,11 +50,9 @@ TEST(Ticks, DrawTickAndDrawTick2ReturnTheirEndInVirtualUnits)
     EXPECT_EQ("0,6", DescribePoint(t.tool.DrawTick(POINT{0, 1}, -3, 0))) << "-6 / -1.1 = 5.45 pushed to 6";
     // DrawTick2 starts at a device point: x 100 / 2.2 = 45.5 pushed to 46.
     EXPECT_EQ("46,-94", DescribePoint(t.tool.DrawTick2(100, 100, 2, 0))) << "y 103 / -1.1 = -93.6 pushed to -94";
-    t.tool.DrawTick2(POINT{7, 0}, 1, 1);
     // An arrow's points are mapped as any others.
     t.Frame(2.0, -1.0, 3.0);
     t.tool.Arrow(1, 1, 100, 0.0, 10, 30.0, 1);
     EXPECT_DRAWS(t.Finish(), {"MOVETOEX 2 -1", "LINETO 7 -1", "MOVETOEX 0 -1", "LINETO 0 -6", "MOVETOEX 100 100",
-                              "LINETO 100 103", "MOVETOEX 7 0", "LINETO 9 0", "MOVETOEX 5 -1", "LINETO 5 -101",
-                              "POLYGON 4: 5,-1 17,-11 -7,-11 5,-1"});
+                              "LINETO 100 103", "MOVETOEX 5 -1", "LINETO 5 -101", "POLYGON 4: 5,-1 17,-11 -7,-11 5,-1"});
 }

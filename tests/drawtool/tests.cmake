@@ -7,7 +7,6 @@ drawtool_test_program(drawtool_tests
   drawtool/LifecycleTest.cpp
   drawtool/LinesTest.cpp
   drawtool/MappingTest.cpp
-  drawtool/PenBrushTest.cpp
   drawtool/RectanglesTest.cpp
   drawtool/TextOutputTest.cpp
   framework/FileFindTest.cpp
