@@ -27,11 +27,10 @@ TEST(DirectoryTree, CopiesTakeHiddenSystemAndReadOnlyFilesAndMasksOnlyVisibleOne
     const ScratchDir scratch("copy");
     for (const char* name : {"src\\top.txt", "src\\a\\b\\deep.txt", "src\\h.txt", "src\\s.txt", "src\\a\\r.txt",
                              "src\\empty\\", "dst\\top.txt", "masked\\top.txt"})
-        scratch.Write(name, name);
+        scratch.Write(name);
     SetFileAttributesA((scratch / "src\\h.txt").c_str(), FILE_ATTRIBUTE_HIDDEN);
     SetFileAttributesA((scratch / "src\\s.txt").c_str(), FILE_ATTRIBUTE_SYSTEM);
     SetFileAttributesA((scratch / "src\\a\\r.txt").c_str(), FILE_ATTRIBUTE_READONLY);
-
     EXPECT_EQ(1, CopyTree((scratch / "src").c_str(), (scratch / "dst\\").c_str()));
     const Tree copied = {
         {"a", "<dir>"}, {"a\\b", "<dir>"}, {"a\\b\\deep.txt", "src\\a\\b\\deep.txt"}, {"a\\r.txt", "src\\a\\r.txt"},
@@ -65,16 +64,18 @@ TEST(DirectoryTree, DeleteTreeRemovesReadOnlyEntriesAndLinksAndReportsWhatStays)
     const HANDLE open = CreateFileA((scratch / "held\\open.txt").c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr,
                                     OPEN_EXISTING, 0, nullptr);
     EXPECT_EQ(-1, DeleteTreeWait((scratch / "held").c_str(), 1)) << "directory with a held file";
-    const Tree left = {{"held", "<dir>"}, {"held\\open.txt", "x"}, {"target", "<dir>"}, {"target\\keep.txt", "x"}};
+    const Tree left = {{"held", "<dir>"}, {"held\\open.txt", "held\\open.txt"}, {"target", "<dir>"},
+                       {"target\\keep.txt", "target\\keep.txt"}};
     EXPECT_EQ(left, DumpTree(scratch.path)) << "links made: " << linked;
     CloseHandle(open);
     EXPECT_EQ(0, DeleteTreeWait((scratch / "held").c_str(), 1)) << "after closing";
 }
 
-TEST(DirectoryTree, DeleteFilesAndMoveFileWaitWorkOnMatchingFilesOnly)
+// DeleteFiles takes matching files only; MakeDirTree makes the directory part only.
+TEST(DirectoryTree, DeleteFilesTakesMatchingFilesAndMakeDirTreeTheDirectoryPartOnly)
 {
     const ScratchDir scratch("files");
-    for (const char* name : {"a.tmp", "b.tmp", "keep.txt", "dir.tmp\\inner.tmp", "m.txt"})
+    for (const char* name : {"a.tmp", "b.tmp", "keep.txt", "dir.tmp\\inner.tmp", "m.txt", "file"})
         scratch.Write(name);
     SetFileAttributesA((scratch / "b.tmp").c_str(), FILE_ATTRIBUTE_READONLY);
     EXPECT_EQ(0, DeleteFiles((scratch / "*.tmp").c_str()));
@@ -82,21 +83,14 @@ TEST(DirectoryTree, DeleteFilesAndMoveFileWaitWorkOnMatchingFilesOnly)
     EXPECT_EQ(0, DeleteFilesWait((scratch / "keep.txt").c_str(), 2));
     EXPECT_NE(0, MoveFileWait((scratch / "m.txt").c_str(), (scratch / "n.txt").c_str(), 1));
     EXPECT_EQ(0, MoveFileWait((scratch / "none").c_str(), (scratch / "n2.txt").c_str(), 1)) << "missing source";
-    const Tree left = {{"dir.tmp", "<dir>"}, {"dir.tmp\\inner.tmp", "x"}, {"n.txt", "x"}};
-    EXPECT_EQ(left, DumpTree(scratch.path));
-}
-
-TEST(DirectoryTree, MakeDirTreeMakesTheDirectoryPartOnly)
-{
-    const ScratchDir scratch("make");
-    scratch.Write("file");
     EXPECT_EQ(1, MakeDirTree((scratch / "x\\y\\z.txt").c_str()));
     EXPECT_EQ(1, MakeDirTree((scratch / "p\\q").c_str())) << "no trailing backslash: q is a name";
     EXPECT_EQ(0, MakeDirTree((scratch / "file\\sub\\").c_str())) << "a level is a file";
     EXPECT_EQ(1, MakeDirTree("")) << "no directory part";
     EXPECT_EQ(0, MakeDirTreeWait((scratch / "w\\").c_str(), 0)) << "no time to try";
     EXPECT_EQ(1, MakeDirTreeWait((scratch / "v\\u\\").c_str(), 1));
-    const Tree made = {{"file", "x"}, {"p", "<dir>"}, {"v", "<dir>"}, {"v\\u", "<dir>"}, {"x", "<dir>"},
+    const Tree left = {{"dir.tmp", "<dir>"}, {"dir.tmp\\inner.tmp", "dir.tmp\\inner.tmp"}, {"file", "file"},
+                       {"n.txt", "m.txt"}, {"p", "<dir>"}, {"v", "<dir>"}, {"v\\u", "<dir>"}, {"x", "<dir>"},
                        {"x\\y", "<dir>"}};
-    EXPECT_EQ(made, DumpTree(scratch.path));
+    EXPECT_EQ(left, DumpTree(scratch.path));
 }

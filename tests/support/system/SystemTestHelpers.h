@@ -10,7 +10,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdint>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
@@ -25,8 +24,7 @@ inline std::string ReadFileText(const std::string& path)
     return bytes.str();
 }
 
-/// The temporary folder and this program's folder, with trailing backslashes; the child program;
-/// STILL_ACTIVE as the process readers return it.
+/// The temporary folder (with a trailing backslash), this program's folder and the child program.
 inline const std::string TempDir = (std::filesystem::temp_directory_path() / "").string();
 inline const std::string ProgramDir = std::filesystem::path(_pgmptr).remove_filename().string();
 inline const std::string ChildExe = ProgramDir + "child.exe";
@@ -43,12 +41,12 @@ struct ScratchDir {
     ~ScratchDir() { Clear(); }
     std::string operator/(const std::string& relative) const { return path + "\\" + relative; }
 
-    /// Writes a file holding text, making its folders; a name ending in a backslash makes only the folders.
-    void Write(const std::string& relative, const std::string& text = "x") const
+    /// Writes a file holding its own name, making its folders; a name ending in a backslash makes only folders.
+    void Write(const std::string& relative) const
     {
         std::filesystem::create_directories(std::filesystem::path(*this / relative).parent_path());
         if (relative.back() != '\\')
-            std::ofstream(*this / relative, std::ios::binary) << text;
+            std::ofstream(*this / relative, std::ios::binary) << relative;
     }
 
     void Clear() const
@@ -63,30 +61,9 @@ struct ScratchDir {
     const std::string path;   // without a trailing backslash
 };
 
-/// The exit code behind a handle after waiting up to timeoutMs; STILL_ACTIVE while it runs.
-inline DWORD ExitCodeAfterWait(HANDLE process, DWORD timeoutMs = 10000)
-{
-    WaitForSingleObject(process, timeoutMs);
-    DWORD code = 0;
-    GetExitCodeProcess(process, &code);
-    return code;
-}
-
-/// Wine hands out the lowest free handle slots and its GetProcessHandleCount answers 0: a handle left
-/// open moves the 64th free slot, which 64 events show.
-inline HANDLE SixtyFourthFreeHandleSlot()
-{
-    std::vector<HANDLE> events(64);
-    for (HANDLE& event : events)
-        event = CreateEventA(nullptr, FALSE, FALSE, nullptr);
-    for (HANDLE event : events)
-        CloseHandle(event);
-    return events.back();
-}
-
-/// The file the echo child writes, and its lines (command line, current directory, CHILD_ECHO_MARK,
-/// start-up record, its own executable, the clipboard's text, its version names) after the child with
-/// this id ended (at most 10 s); the file is then removed. Empty lines when nothing started (id 0).
+/// The lines the echo child wrote to EchoFile, its standard-error file (command line, current directory,
+/// CHILD_ECHO_MARK, start-up flags and show value, the clipboard's text, its version names), once the
+/// child with this id ended; EchoFile is then removed.
 inline const std::string EchoFile = TempDir + "system_tests_echo.txt";
 inline std::vector<std::string> Echo(int processId)
 {
@@ -95,20 +72,25 @@ inline std::vector<std::string> Echo(int processId)
     CloseHandle(process);
     std::istringstream text(ReadFileText(EchoFile));
     DeleteFileA(EchoFile.c_str());
-    std::vector<std::string> lines(7);
+    std::vector<std::string> lines(6);
     for (std::string& line : lines)
         std::getline(text, line);
     return lines;
 }
 
-/// Starts the child with its two windows (with a log: ignoring close requests) and waits up to 10 s
-/// until they exist.
+/// The echo of the child started by LaunchProcess with these arguments.
+inline std::vector<std::string> EchoOf(std::vector<CString> arguments, const char* workDir = "",
+                                       const char* program = ChildExe.c_str())
+{
+    return Echo(LaunchProcess(program, arguments, workDir, SW_HIDE, 0, EchoFile.c_str()));
+}
+
+/// Starts the child with its two windows (with a log: ignoring close requests); waits until both exist.
 inline int StartWindows(PROCESS_INFORMATION& info, std::vector<CString> arguments)
 {
-    const HANDLE ready = CreateEventA(nullptr, TRUE, FALSE, "system_tests_windows");
     const int id = LaunchProcessInfo(&info, ChildExe.c_str(), arguments, "", SW_HIDE, 0, nullptr, nullptr);
-    WaitForSingleObject(ready, id ? 10000 : 0);
-    CloseHandle(ready);
+    for (int i = 0; id && i < 1000 && !FindWindowA("ChildWindow", "second"); ++i)
+        Sleep(10);
     return id;
 }
 

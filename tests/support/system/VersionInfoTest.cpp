@@ -24,8 +24,7 @@ TEST(VersionInfo, PartsComeFromTheResourceModulesFixedRecord)
         AfxSetResourceHandle(row.module);
         DWORD parts[4] = {9, 9, 9, 9};
         const DWORD found = static_cast<DWORD>(row.read(parts));
-        EXPECT_EQ(row.expected, (std::vector<DWORD>{found, parts[0], parts[1], parts[2], parts[3]}))
-            << "row " << &row - rows;
+        EXPECT_EQ(row.expected, (std::vector<DWORD>{found, parts[0], parts[1], parts[2], parts[3]}));
     }
     AfxSetResourceHandle(nullptr);
     FreeLibrary(dll);
@@ -40,6 +39,5 @@ TEST(VersionInfo, NamesComeFromTheHostExecutableInItsTranslation)
     const int found = GetAppProductName(product) * 10 + GetAppLegalNotice(legal);
     EXPECT_EQ("11|Moru system tests|Copyright (C) 2026 Moru",
               std::to_string(found) + "|" + product.GetString() + "|" + legal.GetString());
-    EXPECT_EQ("1|Moru test child|0|", Echo(LaunchProcess(ChildExe.c_str(), {}, "", SW_HIDE, 0, nullptr))[6])
-        << "product found|name|legal found|text";
+    EXPECT_EQ("1|Moru test child|0|", EchoOf({})[5]) << "product found|name|legal found|text";
 }
