@@ -1,21 +1,17 @@
 // Directory trees copied, deleted and made on real folders under the temporary directory.
 #include "SystemTestHelpers.h"
 
-#include <map>
+#include <set>
 
 namespace {
 
-using Tree = std::map<std::string, std::string>;
-
-// Every entry under root: relative path -> file content, or "<dir>".
-Tree DumpTree(const std::string& root)
+// Every entry under root as "relative path=content", a directory's content empty.
+std::set<std::string> DumpTree(const std::string& root)
 {
-    Tree entries;
-    std::error_code ignored;
-    for (auto it = std::filesystem::recursive_directory_iterator(root, ignored);
-         it != std::filesystem::recursive_directory_iterator(); it.increment(ignored)) {
-        const std::string content = it->is_directory() ? "<dir>" : ReadFileText(it->path().string());
-        entries[std::filesystem::relative(it->path(), root).string()] = content;
+    std::set<std::string> entries;
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(root)) {
+        const std::string content = entry.is_directory() ? "" : ReadFileText(entry.path().string());
+        entries.insert(std::filesystem::relative(entry.path(), root).string() + "=" + content);
     }
     return entries;
 }
@@ -32,19 +28,17 @@ TEST(DirectoryTree, CopiesTakeHiddenSystemAndReadOnlyFilesAndMasksOnlyVisibleOne
     SetFileAttributesA((scratch / "src\\s.txt").c_str(), FILE_ATTRIBUTE_SYSTEM);
     SetFileAttributesA((scratch / "src\\a\\r.txt").c_str(), FILE_ATTRIBUTE_READONLY);
     EXPECT_EQ(1, CopyTree((scratch / "src").c_str(), (scratch / "dst\\").c_str()));
-    const Tree copied = {
-        {"a", "<dir>"}, {"a\\b", "<dir>"}, {"a\\b\\deep.txt", "src\\a\\b\\deep.txt"}, {"a\\r.txt", "src\\a\\r.txt"},
-        {"empty", "<dir>"}, {"h.txt", "src\\h.txt"}, {"s.txt", "src\\s.txt"}, {"top.txt", "src\\top.txt"},
-    };
+    const std::set<std::string> copied = {"a=", "a\\b=", "a\\b\\deep.txt=src\\a\\b\\deep.txt", "a\\r.txt=src\\a\\r.txt",
+                                          "empty=", "h.txt=src\\h.txt", "s.txt=src\\s.txt", "top.txt=src\\top.txt"};
     EXPECT_EQ(copied, DumpTree(scratch / "dst")) << "top.txt overwritten";
     EXPECT_EQ(0, CopyTree((scratch / "src").c_str(), (scratch / "missing").c_str())) << "missing target";
     EXPECT_EQ(0, CopyTree((scratch / "none").c_str(), (scratch / "dst").c_str())) << "missing source";
 
     const std::string src = scratch / "src\\", masked = scratch / "masked\\";
     EXPECT_EQ(1, CopyFilesByMask(src.c_str(), masked.c_str(), "*.txt", 0));
-    EXPECT_EQ((Tree{{"top.txt", "masked\\top.txt"}}), DumpTree(masked)) << "kept; hidden and system skipped";
-    EXPECT_EQ(1, CopyFilesByMask(src.c_str(), masked.c_str(), "*.txt", 1));
-    EXPECT_EQ((Tree{{"top.txt", "src\\top.txt"}}), DumpTree(masked)) << "overwriting";
+    EXPECT_EQ(std::set<std::string>{"top.txt=masked\\top.txt"}, DumpTree(masked)) << "kept; hidden, system skipped";
+    CopyFilesByMask(src.c_str(), masked.c_str(), "*.txt", 1);
+    EXPECT_EQ(std::set<std::string>{"top.txt=src\\top.txt"}, DumpTree(masked)) << "overwriting";
 }
 
 // Read-only entries go, links are removed without entering them, a held file stays with its folder.
@@ -60,12 +54,11 @@ TEST(DirectoryTree, DeleteTreeRemovesReadOnlyEntriesAndLinksAndReportsWhatStays)
     EXPECT_EQ(0, DeleteTree((scratch / "tree\\").c_str()));
     EXPECT_EQ(0, DeleteTree((scratch / "tree").c_str())) << "missing directory";
     EXPECT_EQ(-1, DeleteTree("")) << "empty text: nothing removed";
-
     const HANDLE open = CreateFileA((scratch / "held\\open.txt").c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr,
                                     OPEN_EXISTING, 0, nullptr);
     EXPECT_EQ(-1, DeleteTreeWait((scratch / "held").c_str(), 1)) << "directory with a held file";
-    const Tree left = {{"held", "<dir>"}, {"held\\open.txt", "held\\open.txt"}, {"target", "<dir>"},
-                       {"target\\keep.txt", "target\\keep.txt"}};
+    const std::set<std::string> left = {"held=", "held\\open.txt=held\\open.txt", "target=",
+                                        "target\\keep.txt=target\\keep.txt"};
     EXPECT_EQ(left, DumpTree(scratch.path)) << "links made: " << linked;
     CloseHandle(open);
     EXPECT_EQ(0, DeleteTreeWait((scratch / "held").c_str(), 1)) << "after closing";
@@ -89,8 +82,7 @@ TEST(DirectoryTree, DeleteFilesTakesMatchingFilesAndMakeDirTreeTheDirectoryPartO
     EXPECT_EQ(1, MakeDirTree("")) << "no directory part";
     EXPECT_EQ(0, MakeDirTreeWait((scratch / "w\\").c_str(), 0)) << "no time to try";
     EXPECT_EQ(1, MakeDirTreeWait((scratch / "v\\u\\").c_str(), 1));
-    const Tree left = {{"dir.tmp", "<dir>"}, {"dir.tmp\\inner.tmp", "dir.tmp\\inner.tmp"}, {"file", "file"},
-                       {"n.txt", "m.txt"}, {"p", "<dir>"}, {"v", "<dir>"}, {"v\\u", "<dir>"}, {"x", "<dir>"},
-                       {"x\\y", "<dir>"}};
+    const std::set<std::string> left = {"dir.tmp=", "dir.tmp\\inner.tmp=dir.tmp\\inner.tmp", "file=file",
+                                        "n.txt=m.txt", "p=", "v=", "v\\u=", "x=", "x\\y="};
     EXPECT_EQ(left, DumpTree(scratch.path));
 }

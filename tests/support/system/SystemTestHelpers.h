@@ -1,6 +1,6 @@
 // Helpers of the system tests: scratch folders, whole files, the child program (children/Child.cpp,
-// built beside this program), the invalid-parameter conditions a call raises, and an application
-// object that records its message boxes and wait cursors.
+// built beside this program), the invalid-parameter conditions raised, and an application object that
+// records its message boxes and wait cursors.
 #pragma once
 
 #include "AfxWinApp.h"
@@ -30,15 +30,15 @@ inline const std::string ProgramDir = std::filesystem::path(_pgmptr).remove_file
 inline const std::string ChildExe = ProgramDir + "child.exe";
 inline const int StillActive = static_cast<int>(STILL_ACTIVE);
 
-/// A folder under the temporary folder, made empty on construction and removed, read-only entries
-/// included, on destruction.
+/// A folder under the temporary folder, made empty on construction and removed on destruction (by
+/// DeleteTree: read-only entries included, links not followed).
 struct ScratchDir {
     explicit ScratchDir(const std::string& name) : path(TempDir + "system_tests_" + name)
     {
-        Clear();
-        std::filesystem::create_directories(path);
+        DeleteTree(path.c_str());
+        CreateDirectoryA(path.c_str(), nullptr);
     }
-    ~ScratchDir() { Clear(); }
+    ~ScratchDir() { DeleteTree(path.c_str()); }
     std::string operator/(const std::string& relative) const { return path + "\\" + relative; }
 
     /// Writes a file holding its own name, making its folders; a name ending in a backslash makes only folders.
@@ -47,15 +47,6 @@ struct ScratchDir {
         std::filesystem::create_directories(std::filesystem::path(*this / relative).parent_path());
         if (relative.back() != '\\')
             std::ofstream(*this / relative, std::ios::binary) << relative;
-    }
-
-    void Clear() const
-    {
-        std::error_code ignored;
-        for (auto it = std::filesystem::recursive_directory_iterator(path, ignored);
-             it != std::filesystem::recursive_directory_iterator(); it.increment(ignored))
-            SetFileAttributesA(it->path().string().c_str(), FILE_ATTRIBUTE_NORMAL);
-        std::filesystem::remove_all(path, ignored);
     }
 
     const std::string path;   // without a trailing backslash
@@ -94,18 +85,11 @@ inline int StartWindows(PROCESS_INFORMATION& info, std::vector<CString> argument
     return id;
 }
 
-/// How many invalid-parameter conditions the call raises, through a handler that returns as a host's would.
-template <typename Call>
-int ConditionsRaised(Call call)
-{
-    static int count;
-    count = 0;
-    const auto previous = _set_invalid_parameter_handler(
-        [](const wchar_t*, const wchar_t*, const wchar_t*, unsigned, uintptr_t) { ++count; });
-    call();
-    _set_invalid_parameter_handler(previous);
-    return count;
-}
+/// The invalid-parameter conditions raised, counted by a handler, installed for the whole program, that
+/// returns as a host's would.
+inline int Raised = 0;
+inline const auto RaisedCounter = _set_invalid_parameter_handler(
+    [](const wchar_t*, const wchar_t*, const wchar_t*, unsigned, uintptr_t) { ++Raised; });
 
 /// Records each message box as "prompt|type|help id" and answers IDRETRY, and each wait cursor code.
 struct RecordingApp : CWinApp {

@@ -1,8 +1,7 @@
 // The one child program of the system tests; its first argument picks what it does:
 //   exit CODE [MS]  sleeps MS milliseconds, then exits with CODE
-//   windows [LOG]   top-level windows "first" (holding the clipboard open) and "second". A WM_CLOSE
-//                   ends the process with exit code 7, or with LOG is appended to LOG as
-//                   "WM_CLOSE <title>" and otherwise ignored
+//   windows [x]     top-level windows "first" (holding the clipboard open) and "second". A WM_CLOSE
+//                   ends the process with exit code 7; with a second argument it is ignored
 //   anything else   echo: writes to standard error, one line each, the command line as the system
 //                   passed it, the current directory, CHILD_ECHO_MARK, the start-up flags (hex) and
 //                   show value ("101 7"), the clipboard's text, and "product result|name|legal
@@ -12,13 +11,12 @@
 #include <windows.h>
 
 #include <cstdlib>
-#include <fstream>
 #include <sstream>
 #include <string>
 
 namespace {
 
-const char* IgnoreLog = nullptr;
+bool IgnoreClose = false;
 
 int Echo()
 {
@@ -42,12 +40,8 @@ int Echo()
 
 LRESULT CALLBACK WindowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
 {
-    if (message == WM_CLOSE && IgnoreLog) {
-        char title[64] = "";
-        GetWindowTextA(window, title, sizeof(title));
-        std::ofstream(IgnoreLog, std::ios::binary | std::ios::app) << "WM_CLOSE " << title << "\n";
+    if (message == WM_CLOSE && IgnoreClose)
         return 0;
-    }
     if (message == WM_DESTROY)
         PostQuitMessage(7);
     return DefWindowProcA(window, message, wParam, lParam);
@@ -78,6 +72,6 @@ int main(int argc, char** argv)
         Sleep(argc > 3 ? static_cast<DWORD>(std::atol(argv[3])) : 0);
         return argc > 2 ? std::atoi(argv[2]) : 0;
     }
-    IgnoreLog = argc > 2 ? argv[2] : nullptr;
+    IgnoreClose = argc > 2;
     return mode == "windows" ? Windows() : Echo();
 }
