@@ -5,15 +5,16 @@
 
 // ListFiles and ListSubdirs append visible entries (ListFiles dropping the system's short-name matches:
 // page.html matches "*.htm" by its short name PAGE~1.HTM); ListFilesRecursive empties the list on
-// entering each directory, keeping only the last one's entries.
-TEST(DirectoryListing, ListsAppendVisibleEntriesAndTheRecursiveOneKeepsTheLastDirectory)
+// entering each directory, keeping only the last one's entries. Next free names count up past the
+// visible files and directories.
+TEST(DirectoryListing, ListsAppendVisibleEntriesAndNextFreeNamesCountUp)
 {
     const ScratchDir scratch("list");
     for (const char* name : {"page.htm", "page.html", "Other.HTM", "hidden.htm", "sub.htm\\f.htm", "run1\\f",
-                             "run2\\f", "runfile", "hide\\f", "deep\\sub\\f.txt"})
+                             "run2\\f", "runfile", "deep\\sub\\f.txt", "data.txt", "data1.txt", "file007.txt",
+                             "12.txt", "13.TXT", "a.b.txt", "run007\\f", "run999\\f", "run01\\f", "run02\\f"})
         scratch.Write(name);
     SetFileAttributesA((scratch / "hidden.htm").c_str(), FILE_ATTRIBUTE_HIDDEN);
-    SetFileAttributesA((scratch / "hide").c_str(), FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_DIRECTORY);
     const std::string sub = scratch / "deep\\sub\\";
     const struct {
         void (*list)(const char*, std::vector<CString>&);
@@ -22,10 +23,10 @@ TEST(DirectoryListing, ListsAppendVisibleEntriesAndTheRecursiveOneKeepsTheLastDi
     } cases[] = {
         {ListFiles, scratch / "*.htm", {"Other.HTM", "kept", "page.htm"}},
         {ListFiles, scratch / "page.*", {"kept", "page.htm", "page.html"}},
-        {ListSubdirs, scratch / "run*", {"kept", "run1", "run2"}},
-        {ListSubdirs, scratch / "run1", {"deep", "kept", "run1", "run2", "sub.htm"}},   // no wild card: its directory
+        {ListSubdirs, scratch / "*1", {"kept", "run01", "run1"}},
+        {ListSubdirs, scratch / "deep", {"deep", "kept", "run007", "run01", "run02", "run1", "run2", "run999",
+                                         "sub.htm"}},   // no wild card: all of its directory
         {ListFilesRecursive, scratch / "deep\\\\", {sub + ".", sub + "..", sub + "f.txt"}},
-        {ListFilesRecursive, "", {}},
     };
     for (const auto& c : cases) {
         std::vector<CString> list = {"kept"};
@@ -34,28 +35,17 @@ TEST(DirectoryListing, ListsAppendVisibleEntriesAndTheRecursiveOneKeepsTheLastDi
         std::sort(sorted.begin(), sorted.end());
         EXPECT_EQ(c.sorted, sorted) << c.pattern;
     }
-}
-
-TEST(DirectoryListing, NextFreeNamesCountUp)
-{
-    const ScratchDir scratch("next");
-    for (const char* name : {"data.txt", "data1.txt", "file007.txt", "12.txt", "13.TXT", "a.b.txt", "plain",
-                             "run007\\f", "run999\\f", "run01\\f", "run02\\f", "run\\f", "hidden.txt"})
-        scratch.Write(name);
     const char* dir = scratch.path.c_str();
-    SetFileAttributesA((scratch / "hidden.txt").c_str(), FILE_ATTRIBUTE_HIDDEN);
-    const std::pair<CString, const char*> cases[] = {
+    const std::pair<CString, const char*> names[] = {
         {NextFreeFileName(dir, "data.txt"), "data2.txt"},
         {NextFreeFileName((scratch.path + "\\").c_str(), "file007.txt"), "file8.txt"},
         {NextFreeFileName(dir, "12.txt"), "14.txt"},           // 13.TXT is taken, in any case
         {NextFreeFileName(dir, "a.b.txt"), "a.b1.txt"},        // split at the last dot
-        {NextFreeFileName(dir, "plain"), "plain1"},
-        {NextFreeFileName(dir, "hidden.txt"), "hidden.txt"},   // hidden files are not listed
+        {NextFreeFileName(dir, "hidden.htm"), "hidden.htm"},   // hidden files are not listed
         {NextFreeDirName(dir, "run007"), "run008"},
         {NextFreeDirName(dir, "run999"), "run1000"},
         {NextFreeDirName(dir, "run01"), "run03"},
-        {NextFreeDirName(dir, "run"), "run1"},
     };
-    for (const auto& c : cases)
-        EXPECT_EQ(c.second, std::string(c.first));
+    for (const auto& [got, expected] : names)
+        EXPECT_EQ(expected, std::string(got));
 }

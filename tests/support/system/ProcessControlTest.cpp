@@ -14,25 +14,17 @@ DWORD ExitCodeAfterWait(HANDLE process, DWORD timeoutMs = 10000)
 
 } // namespace
 
-// A child whose window ends it on WM_CLOSE ends with its own code; one ignoring the request is
-// terminated with code 0 after 5000 ms (the one case that waits the full 5 s). Both give the code read
-// before the request.
-TEST(ProcessClose, ChildClosesPolitelyOrIsTerminatedAfterFiveSeconds)
+// A child whose window ends it on WM_CLOSE ends with its own code; the result is the code read before
+// the request.
+TEST(ProcessClose, WindowedChildClosesPolitelyOnItsCloseRequest)
 {
     PROCESS_INFORMATION info;
-    int id = StartWindows(info, {"windows"});
+    int id = LaunchProcessInfo(&info, ChildExe.c_str(), {"windows"}, "", SW_HIDE, 0, nullptr, nullptr);
+    for (int i = 0; i < 1000 && !FindWindowA("ChildWindow", "second"); ++i)
+        Sleep(10);   // until both windows exist
     EXPECT_EQ(StillActive, CloseProcessById(&id));
     EXPECT_EQ(7, CloseProcessInfo(&info)) << "ended by its own WM_CLOSE handling, then only tidied up";
     EXPECT_TRUE(!info.hProcess && !info.hThread);
-    EXPECT_EQ(0, CloseProcessInfo(nullptr));
-
-    StartWindows(info, {"windows", "ignore"});
-    const HANDLE watch = OpenProcess(SYNCHRONIZE | PROCESS_QUERY_LIMITED_INFORMATION, FALSE, info.dwProcessId);
-    const ULONGLONG start = GetTickCount64();
-    EXPECT_EQ(StillActive, CloseProcessInfo(&info));
-    EXPECT_GE(GetTickCount64() - start, 4900u) << "terminated before its 5000 ms";
-    EXPECT_EQ(0u, ExitCodeAfterWait(watch)) << "terminated with exit code 0";
-    CloseHandle(watch);
 }
 
 TEST(ProcessExitCode, ReadersTellRunningEndedAndUnknownAndKillingTakesTheExactPath)
@@ -40,7 +32,6 @@ TEST(ProcessExitCode, ReadersTellRunningEndedAndUnknownAndKillingTakesTheExactPa
     const HANDLE running = LaunchProcessHandle(ChildExe.c_str(), "exit 3 30000", "", SW_HIDE, nullptr);
     const HANDLE ended = LaunchProcessHandle(ChildExe.c_str(), "exit 3", "", SW_HIDE, nullptr);
     int runningId = static_cast<int>(GetProcessId(running)), endedId = static_cast<int>(GetProcessId(ended));
-    int none = 0x7FFFFFF0;   // never a process id
     ASSERT_EQ(3u, ExitCodeAfterWait(ended));
     for (int i = 0; i < 500 && CountProcessesByFileName("child.exe") < 1; ++i)
         Sleep(10);   // until it has loaded its executable
@@ -48,19 +39,12 @@ TEST(ProcessExitCode, ReadersTellRunningEndedAndUnknownAndKillingTakesTheExactPa
     const Row rows[] = {
         {"ById running", GetProcessExitCodeById(&runningId), StillActive},
         {"ById ended", GetProcessExitCodeById(&endedId), 3},
-        {"ById null", GetProcessExitCodeById(nullptr), ExitCodeUnknown},
-        {"ById unused id", GetProcessExitCodeById(&none), ExitCodeUnknown},
         {"ByHandle null", GetProcessExitCodeByHandle(nullptr), ExitCodeUnknown},
         {"ByName other folder and case", GetProcessExitCodeByName(&runningId, "D:\\y\\CHILD.EXE"), StillActive},
         {"ByName other name", GetProcessExitCodeByName(&runningId, "child.com"), 0},
-        {"End 0", EndProcessIfRunning(0), 0},
         {"End ended", EndProcessIfRunning(endedId), 3},
         {"End running, other name", EndProcessIfRunning(runningId, "other.exe"), 0},
-        {"Terminate null, code", TerminateProcessHandle(nullptr, &endedId), endedId},
         {"Count other folder and case", CountProcessesByFileName(" D:\\x\\Child.exe "), 1},
-        {"Count no extension", CountProcessesByFileName("child"), 0},
-        {"Count null", CountProcessesByFileName(nullptr), 0},
-        {"Kill empty", KillProcessesByPath(""), 0},
         {"Kill other folder", KillProcessesByPath("D:\\x\\child.exe"), 0},
     };
     for (const Row& row : rows)
@@ -96,8 +80,7 @@ LRESULT CALLBACK RecordingProcedure(HWND window, UINT message, WPARAM wParam, LP
 } // namespace
 
 // The window hears of the child's id before the wait and of 0 after it; messages are dispatched meanwhile.
-// A WM_QUIT ends the wait at once and leaves the child running. No child is left behind by the tests
-// before.
+// No child is left behind by the tests before.
 TEST(ProcessWait, PumpingNotifiesTheWindowAndDispatchesWhileTheChildRuns)
 {
     const HWND window = CreateWindowA("STATIC", "", 0, 0, 0, 9, 9, nullptr, nullptr, nullptr, nullptr);
@@ -109,9 +92,5 @@ TEST(ProcessWait, PumpingNotifiesTheWindowAndDispatchesWhileTheChildRuns)
     EXPECT_NE("0", id) << "the child's id first";
     EXPECT_EQ(0, CountProcessesByFileName("child.exe")) << "the wait lasts until the child ends";
 
-    PostThreadMessageA(GetCurrentThreadId(), WM_QUIT, 0, 0);
-    EXPECT_EQ(0, RunProcessPumping(window, ChildExe.c_str(), {"exit", "3", "30000"}, "", SW_HIDE, 0));
-    EXPECT_EQ(1, CountProcessesByFileName("child.exe")) << "the child runs on";
-    KillProcessesByPath(ChildExe.c_str());
     DestroyWindow(window);
 }

@@ -1,6 +1,6 @@
 // Helpers of the system tests: scratch folders, whole files, the child program (children/Child.cpp,
 // built beside this program), the invalid-parameter conditions raised, and an application object that
-// records its message boxes and wait cursors.
+// records its message boxes.
 #pragma once
 
 #include "AfxWinApp.h"
@@ -15,14 +15,6 @@
 #include <sstream>
 #include <string>
 #include <vector>
-
-/// A whole file's bytes, "" when it cannot be read.
-inline std::string ReadFileText(const std::string& path)
-{
-    std::ostringstream bytes;
-    bytes << std::ifstream(path, std::ios::binary).rdbuf();
-    return bytes.str();
-}
 
 /// The temporary folder (with a trailing backslash), this program's folder and the child program.
 inline const std::string TempDir = (std::filesystem::temp_directory_path() / "").string();
@@ -53,7 +45,7 @@ struct ScratchDir {
 };
 
 /// The lines the echo child wrote to EchoFile, its standard-error file (command line, current directory,
-/// CHILD_ECHO_MARK, start-up flags and show value, the clipboard's text, its version names), once the
+/// CHILD_ECHO_MARK), once the
 /// child with this id ended; EchoFile is then removed.
 inline const std::string EchoFile = TempDir + "system_tests_echo.txt";
 inline std::vector<std::string> Echo(int processId)
@@ -61,11 +53,12 @@ inline std::vector<std::string> Echo(int processId)
     const HANDLE process = OpenProcess(SYNCHRONIZE, FALSE, static_cast<DWORD>(processId));
     WaitForSingleObject(process, 10000);
     CloseHandle(process);
-    std::istringstream text(ReadFileText(EchoFile));
-    DeleteFileA(EchoFile.c_str());
-    std::vector<std::string> lines(6);
+    std::vector<std::string> lines(3);
+    std::ifstream text(EchoFile, std::ios::binary);
     for (std::string& line : lines)
         std::getline(text, line);
+    text.close();
+    DeleteFileA(EchoFile.c_str());
     return lines;
 }
 
@@ -76,22 +69,13 @@ inline std::vector<std::string> EchoOf(std::vector<CString> arguments, const cha
     return Echo(LaunchProcess(program, arguments, workDir, SW_HIDE, 0, EchoFile.c_str()));
 }
 
-/// Starts the child with its two windows (with a log: ignoring close requests); waits until both exist.
-inline int StartWindows(PROCESS_INFORMATION& info, std::vector<CString> arguments)
-{
-    const int id = LaunchProcessInfo(&info, ChildExe.c_str(), arguments, "", SW_HIDE, 0, nullptr, nullptr);
-    for (int i = 0; id && i < 1000 && !FindWindowA("ChildWindow", "second"); ++i)
-        Sleep(10);
-    return id;
-}
-
 /// The invalid-parameter conditions raised, counted by a handler, installed for the whole program, that
 /// returns as a host's would.
 inline int Raised = 0;
 inline const auto RaisedCounter = _set_invalid_parameter_handler(
     [](const wchar_t*, const wchar_t*, const wchar_t*, unsigned, uintptr_t) { ++Raised; });
 
-/// Records each message box as "prompt|type|help id" and answers IDRETRY, and each wait cursor code.
+/// Records each message box as "prompt|type|help id" and answers IDRETRY.
 struct RecordingApp : CWinApp {
     RecordingApp() : CWinApp("Recorder") {}
     int DoMessageBox(const char* prompt, UINT type, UINT help) override
@@ -99,7 +83,5 @@ struct RecordingApp : CWinApp {
         boxes.push_back(std::string(prompt) + "|" + std::to_string(type) + "|" + std::to_string(help));
         return IDRETRY;
     }
-    void DoWaitCursor(int code) override { cursors.push_back(code); }
     std::vector<std::string> boxes;
-    std::vector<int> cursors;
 };

@@ -1,13 +1,8 @@
 // The one child program of the system tests; its first argument picks what it does:
 //   exit CODE [MS]  sleeps MS milliseconds, then exits with CODE
-//   windows [x]     top-level windows "first" (holding the clipboard open) and "second". A WM_CLOSE
-//                   ends the process with exit code 7; with a second argument it is ignored
+//   windows         top-level windows "first" and "second"; a WM_CLOSE ends the process with exit code 7
 //   anything else   echo: writes to standard error, one line each, the command line as the system
-//                   passed it, the current directory, CHILD_ECHO_MARK, the start-up flags (hex) and
-//                   show value ("101 7"), the clipboard's text, and "product result|name|legal
-//                   result|text" of its own version block
-#include "support/Support.h"
-
+//                   passed it, the current directory and CHILD_ECHO_MARK
 #include <windows.h>
 
 #include <cstdlib>
@@ -16,22 +11,13 @@
 
 namespace {
 
-bool IgnoreClose = false;
-
 int Echo()
 {
     char dir[MAX_PATH] = "", mark[256] = "";
     GetCurrentDirectoryA(MAX_PATH, dir);
     GetEnvironmentVariableA("CHILD_ECHO_MARK", mark, sizeof(mark));
-    STARTUPINFOA startup = {};
-    GetStartupInfoA(&startup);
-    CString product, legal;
-    const int productFound = GetAppProductName(product);
-    const int legalFound = GetAppLegalNotice(legal);
     std::ostringstream text;
-    text << GetCommandLineA() << "\n" << dir << "\n" << mark << "\n" << std::hex << startup.dwFlags << std::dec
-         << " " << startup.wShowWindow << "\n" << GetClipboardText(nullptr).GetString() << "\n" << productFound
-         << "|" << product.GetString() << "|" << legalFound << "|" << legal.GetString() << "\n";
+    text << GetCommandLineA() << "\n" << dir << "\n" << mark << "\n";
     DWORD written = 0;
     WriteFile(GetStdHandle(STD_ERROR_HANDLE), text.str().data(), static_cast<DWORD>(text.str().size()), &written,
               nullptr);
@@ -40,8 +26,6 @@ int Echo()
 
 LRESULT CALLBACK WindowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
 {
-    if (message == WM_CLOSE && IgnoreClose)
-        return 0;
     if (message == WM_DESTROY)
         PostQuitMessage(7);
     return DefWindowProcA(window, message, wParam, lParam);
@@ -53,9 +37,7 @@ int Windows()
     windowClass.lpfnWndProc = WindowProc;
     windowClass.lpszClassName = "ChildWindow";
     RegisterClassA(&windowClass);
-    const HWND first = CreateWindowA("ChildWindow", "first", 0, 0, 0, 9, 9, nullptr, nullptr, nullptr, nullptr);
-    // Held through a window: Wine lets a second null owner open a clipboard held by a null owner.
-    OpenClipboard(first);
+    CreateWindowA("ChildWindow", "first", 0, 0, 0, 9, 9, nullptr, nullptr, nullptr, nullptr);
     CreateWindowA("ChildWindow", "second", 0, 0, 0, 9, 9, nullptr, nullptr, nullptr, nullptr);
     MSG message;
     while (GetMessageA(&message, nullptr, 0, 0) > 0)
@@ -72,6 +54,5 @@ int main(int argc, char** argv)
         Sleep(argc > 3 ? static_cast<DWORD>(std::atol(argv[3])) : 0);
         return argc > 2 ? std::atoi(argv[2]) : 0;
     }
-    IgnoreClose = argc > 2;
     return mode == "windows" ? Windows() : Echo();
 }
