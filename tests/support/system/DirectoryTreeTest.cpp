@@ -25,14 +25,13 @@ TEST(DirectoryTree, CopiesTakeHiddenSystemAndReadOnlyFilesAndMasksOnlyVisibleOne
     for (const char* name : {"src\\top.txt", "src\\a\\b\\deep.txt", "src\\h.txt", "src\\s.txt", "src\\a\\r.txt",
                              "src\\empty\\", "dst\\top.txt", "masked\\top.txt"})
         scratch.Write(name);
-    for (const auto& [name, attribute] : {std::pair<const char*, DWORD>{"src\\h.txt", FILE_ATTRIBUTE_HIDDEN},
-                                          {"src\\s.txt", FILE_ATTRIBUTE_SYSTEM}, {"src\\a\\r.txt", FILE_ATTRIBUTE_READONLY}})
-        SetFileAttributesA((scratch / name).c_str(), attribute);
+    SetFileAttributesA((scratch / "src\\h.txt").c_str(), FILE_ATTRIBUTE_HIDDEN);
+    SetFileAttributesA((scratch / "src\\s.txt").c_str(), FILE_ATTRIBUTE_SYSTEM);
+    SetFileAttributesA((scratch / "src\\a\\r.txt").c_str(), FILE_ATTRIBUTE_READONLY);
     EXPECT_EQ(1, CopyTree((scratch / "src").c_str(), (scratch / "dst\\").c_str()));
     const std::set<std::string> copied = {"a=", "a\\b=", "a\\b\\deep.txt=src\\a\\b\\deep.txt", "a\\r.txt=src\\a\\r.txt",
                                           "empty=", "h.txt=src\\h.txt", "s.txt=src\\s.txt", "top.txt=src\\top.txt"};
     EXPECT_EQ(copied, DumpTree(scratch / "dst")) << "top.txt overwritten";
-    EXPECT_EQ(0, CopyTree((scratch / "none").c_str(), (scratch / "dst").c_str())) << "missing source";
 
     const std::string src = scratch / "src\\", masked = scratch / "masked\\";
     EXPECT_EQ(1, CopyFilesByMask(src.c_str(), masked.c_str(), "*.txt", 0));
@@ -52,7 +51,6 @@ TEST(DirectoryTree, DeletionsTakeOnlyTheirEntriesAndMakeDirTreeMakesTheDirectory
     const bool linked = CreateSymbolicLinkA((scratch / "tree\\link").c_str(), (scratch / "target").c_str(),
                                             SYMBOLIC_LINK_FLAG_DIRECTORY | 0x2);
     EXPECT_EQ(0, DeleteTreeWait((scratch / "tree\\").c_str(), 1));
-    EXPECT_EQ(0, DeleteTree((scratch / "tree").c_str())) << "missing directory";
     EXPECT_EQ(-1, DeleteTree("")) << "empty text: nothing removed";
     EXPECT_EQ(0, DeleteFiles((scratch / "*.tmp").c_str()));
     EXPECT_EQ(0, DeleteFiles((scratch / "dir.tmp").c_str())) << "a directory";
@@ -62,7 +60,6 @@ TEST(DirectoryTree, DeletionsTakeOnlyTheirEntriesAndMakeDirTreeMakesTheDirectory
     EXPECT_EQ(1, MakeDirTree((scratch / "p\\q").c_str())) << "no trailing backslash: q is a name";
     EXPECT_EQ(0, MakeDirTree((scratch / "file\\sub\\").c_str())) << "a level is a file";
     EXPECT_EQ(1, MakeDirTree("")) << "no directory part";
-    EXPECT_EQ(0, MakeDirTreeWait((scratch / "w\\").c_str(), 0)) << "no time to try";
     const std::set<std::string> left = {"dir.tmp=", "dir.tmp\\inner.tmp=dir.tmp\\inner.tmp", "file=file", "n.txt=m.txt",
                                         "p=", "target=", "target\\keep.txt=target\\keep.txt", "x=", "x\\y="};
     EXPECT_EQ(left, DumpTree(scratch.path)) << "links made: " << linked;

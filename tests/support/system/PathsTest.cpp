@@ -30,8 +30,6 @@ TEST(Paths, ExistingDirectoriesStayWholeAndOtherFormsFollowTheirBase)
 {
     const std::string bin = ProgramDir.substr(0, ProgramDir.size() - 1), build = bin.substr(0, bin.size() - 3);
     const std::string current = std::filesystem::current_path().string(), dir259(259, 'd');
-    char shortName[MAX_PATH] = "";
-    GetShortPathNameA(_pgmptr, shortName, MAX_PATH);
     const auto split = [](const std::string& path) {
         CString dir("kept"), name("kept");
         const int result = SplitDirAndName(path.c_str(), dir, name);
@@ -41,19 +39,15 @@ TEST(Paths, ExistingDirectoriesStayWholeAndOtherFormsFollowTheirBase)
     const struct { CString got; std::string expected; } cases[] = {
         {split(bin + "  "), "0|" + bin + "\\|kept"},   // not split, trimmed; the name part is left alone
         {split(bin + "\\*"), "1|" + bin + "\\|*"},     // a pattern is split even where it matches "."
-        {split(" C:\\x\\ y.txt "), "1|C:\\x\\|y.txt"},
         {JoinPath("name", "C:\\dir"), "C:\\dir\\name"},
-        {JoinPath("", "C:\\dir"), ""},
         {JoinPath("n", dir259.c_str()), ""},   // no room for the backslash
-        {MakeRelativePathSimple("C:\\a\\x\\f.txt", "C:\\a\\b\\"), "..\\x\\f.txt"},
+        {MakeRelativePathSimple(" C:\\a\\x\\f.txt ", "C:\\a\\b\\"), "..\\x\\f.txt"},
         {MakeRelativePathSimple("C:\\a\\x\\f.txt", "C:\\a\\b"), ".\\x\\f.txt"},   // b counts only with its "\"
-        {MakeRelativePathSimple(" C:\\a\\b\\", "C:\\a\\b\\c\\d\\"), "..\\..\\"},
         {MakeRelativePathSimple("c:\\a\\f", "C:\\a\\"), "c:\\a\\f"},   // drive letters differ in case
         {MakeRelativePath("C:\\a\\b\\f.txt", "C:\\a\\c"), "..\\b\\f.txt"},
         {MakeAbsolutePathFrom(" ..\\f.txt ", ProgramDir.c_str()), build + "f.txt"},
         {MakeAbsolutePathFrom(("C:\\" + dir259).c_str(), bin.c_str()), "C:\\" + dir259},   // no short form
         {MakeAbsolutePath("a\\..\\b/c"), current + "\\b\\c"},
-        {GetShortPath(_pgmptr, &err), shortName},
         {GetShortPath((bin + "\\missing name.text").c_str(), &err), bin + "\\missing name.text"},
     };
     for (size_t i = 0; i < std::size(cases); ++i)

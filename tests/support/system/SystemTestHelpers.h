@@ -20,7 +20,6 @@
 inline const std::string TempDir = (std::filesystem::temp_directory_path() / "").string();
 inline const std::string ProgramDir = std::filesystem::path(_pgmptr).remove_filename().string();
 inline const std::string ChildExe = ProgramDir + "child.exe";
-inline const int StillActive = static_cast<int>(STILL_ACTIVE);
 
 /// A folder under the temporary folder, made empty on construction and removed on destruction (by
 /// DeleteTree: read-only entries included, links not followed).
@@ -45,8 +44,8 @@ struct ScratchDir {
 };
 
 /// The lines the echo child wrote to EchoFile, its standard-error file (command line, current directory,
-/// CHILD_ECHO_MARK), once the
-/// child with this id ended; EchoFile is then removed.
+/// CHILD_ECHO_MARK), once the child with this id ended. Every launch with it truncates the file first,
+/// also one that starts nothing.
 inline const std::string EchoFile = TempDir + "system_tests_echo.txt";
 inline std::vector<std::string> Echo(int processId)
 {
@@ -57,8 +56,6 @@ inline std::vector<std::string> Echo(int processId)
     std::ifstream text(EchoFile, std::ios::binary);
     for (std::string& line : lines)
         std::getline(text, line);
-    text.close();
-    DeleteFileA(EchoFile.c_str());
     return lines;
 }
 

@@ -37,8 +37,9 @@ int Windows()
     windowClass.lpfnWndProc = WindowProc;
     windowClass.lpszClassName = "ChildWindow";
     RegisterClassA(&windowClass);
-    CreateWindowA("ChildWindow", "first", 0, 0, 0, 9, 9, nullptr, nullptr, nullptr, nullptr);
+    // Two top-level windows, as a program with a main and a tool window has.
     CreateWindowA("ChildWindow", "second", 0, 0, 0, 9, 9, nullptr, nullptr, nullptr, nullptr);
+    CreateWindowA("ChildWindow", "first", 0, 0, 0, 9, 9, nullptr, nullptr, nullptr, nullptr);
     MSG message;
     while (GetMessageA(&message, nullptr, 0, 0) > 0)
         DispatchMessageA(&message);
