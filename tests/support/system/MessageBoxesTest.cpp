@@ -1,19 +1,20 @@
 // Formatted and numbered message boxes, captured by an application object that records each box.
 #include "SystemTestHelpers.h"
 
-// Bounded formatting: 4096 characters fit; one more raises the invalid-parameter condition once and,
-// with the host's handler returning, shows an empty box; so does a null format.
+// Bounded formatting: an empty text and 4096 characters fit; one more raises the invalid-parameter
+// condition once and, with the host's handler returning, shows an empty box; so does a null format.
 TEST(MessageBoxes, FormattedTextUpTo4096CharactersElseEmpty)
 {
     RecordingApp app;
     const std::string longest(4096, 'x');
-    EXPECT_EQ(IDRETRY, MessageBoxF("%s has %d items, %.2f%%", MB_YESNO | MB_ICONQUESTION, 77, "list", 3, 12.5));
+    EXPECT_EQ(IDRETRY, MessageBoxF("%s: %d, %.2f%%", MB_YESNO | MB_ICONQUESTION, 77, "list", 3, 12.5));
     Raised = 0;
+    MessageBoxF("%s", MB_OK, 0, "");   // an empty text fits
     MessageBoxF("%s", MB_OK, -1, longest.c_str());
     MessageBoxF("%s%s", MB_OK, 0, longest.c_str(), "!");
     MessageBoxF(nullptr, MB_ICONSTOP, 2);
     EXPECT_EQ(2, Raised) << "once for each of the last two";
-    EXPECT_EQ((std::vector<std::string>{"list has 3 items, 12.50%|36|77", longest + "|0|4294967295", "|0|0", "|16|2"}),
+    EXPECT_EQ((std::vector<std::string>{"list: 3, 12.50%|36|77", "|0|0", longest + "|0|4294967295", "|0|0", "|16|2"}),
               app.boxes);
 }
 

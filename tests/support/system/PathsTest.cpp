@@ -39,6 +39,7 @@ TEST(Paths, ExistingDirectoriesStayWholeAndOtherFormsFollowTheirBase)
     const struct { CString got; std::string expected; } cases[] = {
         {split(bin + "  "), "0|" + bin + "\\|kept"},   // not split, trimmed; the name part is left alone
         {split(bin + "\\*"), "1|" + bin + "\\|*"},     // a pattern is split even where it matches "."
+        {split("y.txt"), "1||y.txt"},                 // a name alone is a result too
         {JoinPath("name", "C:\\dir"), "C:\\dir\\name"},
         {JoinPath("n", dir259.c_str()), ""},   // no room for the backslash
         {MakeRelativePathSimple(" C:\\a\\x\\f.txt ", "C:\\a\\b\\"), "..\\x\\f.txt"},

@@ -34,13 +34,12 @@ TEST(ProcessExitCode, ReadersTellRunningEndedAndUnknownAndKillingTakesTheExactPa
     ASSERT_EQ(3u, ExitCodeAfterWait(ended));
     for (int i = 0; i < 500 && CountProcessesByFileName("child.exe") < 1; ++i)
         Sleep(10);   // until it has loaded its executable
-    const int stillActive = static_cast<int>(STILL_ACTIVE);
     struct Row { const char* call; int got, expected; };
     const Row rows[] = {
-        {"ById running", GetProcessExitCodeById(&runningId), stillActive},
+        {"ById running", GetProcessExitCodeById(&runningId), static_cast<int>(STILL_ACTIVE)},
         {"ById ended", GetProcessExitCodeById(&endedId), 3},
         {"ByHandle null", GetProcessExitCodeByHandle(nullptr), ExitCodeUnknown},
-        {"ByName other folder and case", GetProcessExitCodeByName(&runningId, "D:\\y\\CHILD.EXE"), stillActive},
+        {"ByName folder, case", GetProcessExitCodeByName(&runningId, "D:\\y\\CHILD.EXE"), STILL_ACTIVE},
         {"ByName other name", GetProcessExitCodeByName(&runningId, "child.com"), 0},
         {"End ended", EndProcessIfRunning(endedId), 3},
         {"End running, other name", EndProcessIfRunning(runningId, "other.exe"), 0},
