@@ -49,13 +49,9 @@ TEST(ProcessExitCode, ReadersTellRunningEndedAndUnknownAndKillingTakesTheExactPa
     for (const Row& row : rows)
         EXPECT_EQ(row.expected, row.got) << row.call;
     ASSERT_EQ(STILL_ACTIVE, ExitCodeAfterWait(running, 0)) << "names and paths that differ end nothing";
-    // Wine hands out the lowest free handle slot (GetProcessHandleCount answers 0): a handle left open moves it.
-    const HANDLE freeSlot = CreateEventA(nullptr, FALSE, FALSE, nullptr);
-    CloseHandle(freeSlot);
+    const HANDLE freeSlot = SixtyFourthFreeHandleSlot();
     EXPECT_EQ(0, EndProcessIfRunning(runningId, "child.exe"));
-    const HANDLE slotAfter = CreateEventA(nullptr, FALSE, FALSE, nullptr);
-    CloseHandle(slotAfter);
-    EXPECT_EQ(freeSlot, slotAfter) << "the handle opened to end it is closed";
+    EXPECT_EQ(freeSlot, SixtyFourthFreeHandleSlot()) << "the handle opened to end it is closed";
     EXPECT_EQ(0u, ExitCodeAfterWait(running)) << "terminated with exit code 0";
     const HANDLE another = LaunchProcessHandle(ChildExe.c_str(), "exit 3 30000", "", SW_HIDE, nullptr);
     KillProcessesByPath((ProgramDir + "CHILD.EXE").c_str());

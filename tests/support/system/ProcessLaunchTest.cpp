@@ -39,9 +39,8 @@ TEST(ProcessLaunch, ProgramIsQuotedWhenSearchedForAndDirectoryLosesTrailingBacks
     const std::string bin = ProgramDir.substr(0, ProgramDir.size() - 1);
     EXPECT_EQ("\"child.exe\"|" + bin, echoed(EchoOf({}, (" " + bin + "\\\\ ").c_str(), "child.exe")));
     EXPECT_EQ("|", echoed(EchoOf({}, (ProgramDir + "missing").c_str()))) << "a missing directory";
-    const std::string block = "TMP=" + TempDir + '\0' + "CHILD_ECHO_MARK=own block" + '\0' + '\0';
-    const int id = LaunchProcessEnv(ChildExe.c_str(), {}, "", SW_HIDE, 0, EchoFile.c_str(), block.c_str());
-    EXPECT_EQ("own block", Echo(id)[2]) << "a block of its own replaces the caller's environment";
+    const std::string env = "TMP=" + TempDir + '\0' + "CHILD_ECHO_MARK=own" + '\0' + '\0';
+    EXPECT_EQ("own", Echo(LaunchProcessEnv(ChildExe.c_str(), {}, "", SW_HIDE, 0, EchoFile.c_str(), env.c_str()))[2]);
 }
 
 // Missing programs start nothing; RunProcessAndWait gives 1 for them, with its message when asked, and
@@ -62,15 +61,12 @@ TEST(ProcessLaunch, MissingProgramsStartNothingAndRunProcessAndWaitGivesOneWithI
     EXPECT_EQ(std::vector<std::string>{"Error. The process not created.\n[ no_such.exe]|0|0"}, app.boxes);
 }
 
-// The child's thread handle is closed: Wine hands out the lowest free handle slot (its
-// GetProcessHandleCount answers 0), and a handle left open moves it.
+// The child's thread handle is closed: the free handle slots are the same once the child is gone.
 TEST(ProcessLaunch, AStartLeavesTheCallerOnlyTheProcessHandle)
 {
-    HANDLE slots[3] = {};
-    for (HANDLE& slot : slots) {   // the first start opens what the system keeps for later starts
-        EXPECT_EQ(0, RunProcessAndWait(ChildExe.c_str(), {"exit", "0"}, "", SW_HIDE, 0, 0));
-        slot = CreateEventA(nullptr, FALSE, FALSE, nullptr);
-        CloseHandle(slot);
-    }
-    EXPECT_EQ(slots[1], slots[2]);
+    // The first start opens what the system keeps for the process's later starts.
+    EXPECT_EQ(0, RunProcessAndWait(ChildExe.c_str(), {"exit", "0"}, "", SW_HIDE, 0, 0));
+    const HANDLE before = SixtyFourthFreeHandleSlot();
+    EXPECT_EQ(0, RunProcessAndWait(ChildExe.c_str(), {"exit", "0"}, "", SW_HIDE, 0, 0));
+    EXPECT_EQ(before, SixtyFourthFreeHandleSlot());
 }
