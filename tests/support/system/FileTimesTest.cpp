@@ -3,59 +3,44 @@
 
 namespace {
 
-// Makes the file with these access and write stamps (seconds since 1970, UTC); the three stamps the
-// system then reports, creation first.
-std::vector<long long> MakeFile(const std::string& path, long long accessed, long long written)
+// Makes the file with these access and write stamps (UTC dates); whether the write stamp was kept.
+bool MakeFile(const std::string& path, SYSTEMTIME accessed, SYSTEMTIME written)
 {
-    constexpr long long gap = 11644473600LL;   // seconds from 1601 to 1970; stamps count 100 ns from 1601
-    ULARGE_INTEGER ticks[3] = {};
-    ticks[1].QuadPart = static_cast<ULONGLONG>((accessed + gap) * 10000000LL);
-    ticks[2].QuadPart = static_cast<ULONGLONG>((written + gap) * 10000000LL);
-    auto* const stamps = reinterpret_cast<FILETIME*>(ticks);
+    FILETIME stamps[3] = {};
+    SystemTimeToFileTime(&accessed, &stamps[0]);
+    SystemTimeToFileTime(&written, &stamps[1]);
     const HANDLE file = CreateFileA(path.c_str(), GENERIC_READ | GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
-    SetFileTime(file, nullptr, &stamps[1], &stamps[2]);
-    GetFileTime(file, &stamps[0], &stamps[1], &stamps[2]);
+    SetFileTime(file, nullptr, &stamps[0], &stamps[1]);
+    GetFileTime(file, nullptr, nullptr, &stamps[2]);
     CloseHandle(file);
-    std::vector<long long> seconds;
-    for (const ULARGE_INTEGER& stamp : ticks)
-        seconds.push_back(static_cast<long long>(stamp.QuadPart / 10000000ULL) - gap);
-    return seconds;
+    return CompareFileTime(&stamps[1], &stamps[2]) == 0;
 }
 
 } // namespace
 
 // A local date converted back gives the instant itself (exactly in a zone without daylight saving, as
-// under the test prefix; elsewhere within the hour); a stamp before 1900 gives 0; files that cannot be
-// opened give 0 with cleared times.
+// under the test prefix; elsewhere within the hour); a stamp before 1900 gives 0, one the runtime cannot
+// express -1; a file that cannot be opened gives 0 with cleared times.
 TEST(FileTimes, StampsReadBackAsTimeValuesAndBefore1900AsZero)
 {
     TIME_ZONE_INFORMATION zone{};
     const long long slack = GetTimeZoneInformation(&zone) == TIME_ZONE_ID_UNKNOWN ? 0 : 3600;
-    const ScratchDir dir("times");
-    const std::string path = dir / "stamped.txt";
-    // 2021-03-04 05:06:07 and 2001-09-09 01:46:40 UTC
-    const std::vector<long long> reported = MakeFile(path, 1614834367, 1000000000);
-    ASSERT_EQ(1614834367, reported[1]) << "the file system kept the access stamp";
+    // ext4 keeps nothing before 1901; a tmpfs keeps any stamp.
+    const std::string path = "Z:\\dev\\shm\\system_tests_times.txt";
+    if (!MakeFile(path, {2021, 3, 0, 4, 5, 6, 7, 0}, {1850, 1, 0, 1, 0, 0, 0, 0}))
+        GTEST_SKIP() << "no file system here keeps a stamp from 1850";
     __time64_t times[3] = {5, 5, 5};
     EXPECT_EQ(1, GetFileTimes(path.c_str(), times[0], times[1], times[2]));
-    for (int i = 0; i < 3; ++i)
-        EXPECT_NEAR(reported[i], times[i], slack) << "creation, access, write: " << i;
-
+    EXPECT_NEAR(1614834367, times[1], slack) << "last access, 2021-03-04 05:06:07 UTC";
+    EXPECT_EQ(0, times[2]) << "last write in 1850";
+    MakeFile(path, {1900, 6, 0, 15, 0, 0, 0, 0}, {2001, 9, 0, 9, 1, 46, 40, 0});
+    GetFileTimes(path.c_str(), times[0], times[1], times[2]);
+    EXPECT_EQ(-1, times[1]) << "last access in 1900: the runtime has no time value before 1970";
+    EXPECT_NEAR(1000000000, times[2], slack) << "last write, 2001-09-09 01:46:40 UTC";
     const HANDLE held = CreateFileA(path.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
     ASSERT_NE(INVALID_HANDLE_VALUE, held) << "GetFileTimes left its handle open";
-    for (const char* name : {path.c_str(), "C:\\no\\such.txt", static_cast<const char*>(nullptr)}) {
-        EXPECT_EQ(0, GetFileTimes(name, times[0], times[1], times[2])) << (name ? name : "(null)");
-        EXPECT_EQ((std::vector<__time64_t>{0, 0, 0}), std::vector<__time64_t>(times, times + 3));
-    }
+    EXPECT_EQ(0, GetFileTimes(path.c_str(), times[0], times[1], times[2])) << "held without sharing";
+    EXPECT_EQ((std::vector<__time64_t>{0, 0, 0}), std::vector<__time64_t>(times, times + 3));
     CloseHandle(held);
-
-    // ext4 keeps nothing before 1901; a tmpfs keeps any stamp.
-    const std::string early = "Z:\\dev\\shm\\system_tests_1850.txt";
-    const bool kept = MakeFile(early, -2194732800, -3786825600)[2] == -3786825600;   // 1900-06-15, 1850-01-01
-    GetFileTimes(early.c_str(), times[0], times[1], times[2]);
-    DeleteFileA(early.c_str());
-    if (!kept)
-        GTEST_SKIP() << "no file system here keeps a stamp from 1850";
-    EXPECT_EQ(-1, times[1]) << "last access in 1900: the runtime has no time value before 1970";
-    EXPECT_EQ(0, times[2]) << "last write in 1850";
+    DeleteFileA(path.c_str());
 }

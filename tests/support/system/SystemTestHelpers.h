@@ -1,6 +1,6 @@
 // Helpers of the system tests: scratch folders, whole files, the child program (children/Child.cpp,
-// built beside this program), the invalid-parameter conditions a call raises, and an application
-// object that records its message boxes and wait cursors.
+// built beside this program), the invalid-parameter conditions raised, and an application object that
+// records its message boxes.
 #pragma once
 
 #include "AfxWinApp.h"
@@ -10,70 +10,64 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdint>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
 #include <string>
 #include <vector>
 
-/// A whole file's bytes, "" when it cannot be read.
-inline std::string ReadFileText(const std::string& path)
-{
-    std::ostringstream bytes;
-    bytes << std::ifstream(path, std::ios::binary).rdbuf();
-    return bytes.str();
-}
-
-/// The temporary folder and this program's folder, with trailing backslashes; the child program;
-/// STILL_ACTIVE as the process readers return it.
+/// The temporary folder (with a trailing backslash), this program's folder and the child program.
 inline const std::string TempDir = (std::filesystem::temp_directory_path() / "").string();
 inline const std::string ProgramDir = std::filesystem::path(_pgmptr).remove_filename().string();
 inline const std::string ChildExe = ProgramDir + "child.exe";
-inline const int StillActive = static_cast<int>(STILL_ACTIVE);
 
-/// A folder under the temporary folder, made empty on construction and removed, read-only entries
-/// included, on destruction.
+/// A folder under the temporary folder, made empty on construction and removed on destruction (by
+/// DeleteTree: read-only entries included, links not followed).
 struct ScratchDir {
     explicit ScratchDir(const std::string& name) : path(TempDir + "system_tests_" + name)
     {
-        Clear();
-        std::filesystem::create_directories(path);
+        DeleteTree(path.c_str());
+        CreateDirectoryA(path.c_str(), nullptr);
     }
-    ~ScratchDir() { Clear(); }
+    ~ScratchDir() { DeleteTree(path.c_str()); }
     std::string operator/(const std::string& relative) const { return path + "\\" + relative; }
 
-    /// Writes a file holding text, making its folders; a name ending in a backslash makes only the folders.
-    void Write(const std::string& relative, const std::string& text = "x") const
+    /// Writes a file holding its own name, making its folders; a name ending in a backslash makes only folders.
+    void Write(const std::string& relative) const
     {
         std::filesystem::create_directories(std::filesystem::path(*this / relative).parent_path());
         if (relative.back() != '\\')
-            std::ofstream(*this / relative, std::ios::binary) << text;
-    }
-
-    void Clear() const
-    {
-        std::error_code ignored;
-        for (auto it = std::filesystem::recursive_directory_iterator(path, ignored);
-             it != std::filesystem::recursive_directory_iterator(); it.increment(ignored))
-            SetFileAttributesA(it->path().string().c_str(), FILE_ATTRIBUTE_NORMAL);
-        std::filesystem::remove_all(path, ignored);
+            std::ofstream(*this / relative, std::ios::binary) << relative;
     }
 
     const std::string path;   // without a trailing backslash
 };
 
-/// The exit code behind a handle after waiting up to timeoutMs; STILL_ACTIVE while it runs.
-inline DWORD ExitCodeAfterWait(HANDLE process, DWORD timeoutMs = 10000)
+/// The lines the echo child wrote to EchoFile, its standard-error file (command line, current directory,
+/// CHILD_ECHO_MARK), once the child with this id ended. Every launch with it truncates the file first,
+/// also one that starts nothing.
+inline const std::string EchoFile = TempDir + "system_tests_echo.txt";
+inline std::vector<std::string> Echo(int processId)
 {
-    WaitForSingleObject(process, timeoutMs);
-    DWORD code = 0;
-    GetExitCodeProcess(process, &code);
-    return code;
+    const HANDLE process = OpenProcess(SYNCHRONIZE, FALSE, static_cast<DWORD>(processId));
+    WaitForSingleObject(process, 10000);
+    CloseHandle(process);
+    std::vector<std::string> lines(3);
+    std::ifstream text(EchoFile, std::ios::binary);
+    for (std::string& line : lines)
+        std::getline(text, line);
+    return lines;
+}
+
+/// The echo of the child started by LaunchProcess with these arguments.
+inline std::vector<std::string> EchoOf(std::vector<CString> arguments, const char* workDir = "",
+                                       const char* program = ChildExe.c_str())
+{
+    return Echo(LaunchProcess(program, arguments, workDir, SW_HIDE, 0, EchoFile.c_str()));
 }
 
 /// Wine hands out the lowest free handle slots and its GetProcessHandleCount answers 0: a handle left
-/// open moves the 64th free slot, which 64 events show.
+/// open moves the 64th free slot, which 64 events show (the first free slot alone misses holes).
 inline HANDLE SixtyFourthFreeHandleSlot()
 {
     std::vector<HANDLE> events(64);
@@ -84,56 +78,18 @@ inline HANDLE SixtyFourthFreeHandleSlot()
     return events.back();
 }
 
-/// The file the echo child writes, and its lines (command line, current directory, CHILD_ECHO_MARK,
-/// start-up record, its own executable, the clipboard's text, its version names) after the child with
-/// this id ended (at most 10 s); the file is then removed. Empty lines when nothing started (id 0).
-inline const std::string EchoFile = TempDir + "system_tests_echo.txt";
-inline std::vector<std::string> Echo(int processId)
-{
-    const HANDLE process = OpenProcess(SYNCHRONIZE, FALSE, static_cast<DWORD>(processId));
-    WaitForSingleObject(process, 10000);
-    CloseHandle(process);
-    std::istringstream text(ReadFileText(EchoFile));
-    DeleteFileA(EchoFile.c_str());
-    std::vector<std::string> lines(7);
-    for (std::string& line : lines)
-        std::getline(text, line);
-    return lines;
-}
+/// The invalid-parameter conditions raised, counted by a handler, installed for the whole program, that
+/// returns as a host's would.
+inline int Raised = 0;
+inline const auto RaisedCounter = _set_invalid_parameter_handler(
+    [](const wchar_t*, const wchar_t*, const wchar_t*, unsigned, uintptr_t) { ++Raised; });
 
-/// Starts the child with its two windows (with a log: ignoring close requests) and waits up to 10 s
-/// until they exist.
-inline int StartWindows(PROCESS_INFORMATION& info, std::vector<CString> arguments)
-{
-    const HANDLE ready = CreateEventA(nullptr, TRUE, FALSE, "system_tests_windows");
-    const int id = LaunchProcessInfo(&info, ChildExe.c_str(), arguments, "", SW_HIDE, 0, nullptr, nullptr);
-    WaitForSingleObject(ready, id ? 10000 : 0);
-    CloseHandle(ready);
-    return id;
-}
-
-/// How many invalid-parameter conditions the call raises, through a handler that returns as a host's would.
-template <typename Call>
-int ConditionsRaised(Call call)
-{
-    static int count;
-    count = 0;
-    const auto previous = _set_invalid_parameter_handler(
-        [](const wchar_t*, const wchar_t*, const wchar_t*, unsigned, uintptr_t) { ++count; });
-    call();
-    _set_invalid_parameter_handler(previous);
-    return count;
-}
-
-/// Records each message box as "prompt|type|help id" and answers IDRETRY, and each wait cursor code.
+/// Records each message box as "prompt|type|help id" and answers IDRETRY.
 struct RecordingApp : CWinApp {
-    RecordingApp() : CWinApp("Recorder") {}
     int DoMessageBox(const char* prompt, UINT type, UINT help) override
     {
         boxes.push_back(std::string(prompt) + "|" + std::to_string(type) + "|" + std::to_string(help));
         return IDRETRY;
     }
-    void DoWaitCursor(int code) override { cursors.push_back(code); }
     std::vector<std::string> boxes;
-    std::vector<int> cursors;
 };

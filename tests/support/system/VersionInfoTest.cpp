@@ -1,45 +1,26 @@
-// Version numbers from real version resources (this program's, the drawing DLL's, a module without
-// one) and names from the host executable's block.
+// Version numbers from real version resources (this program's, a module without one) and names from
+// the host executable's block.
 #include "SystemTestHelpers.h"
 
-// The fixed record of the resource module: this program's (SystemTests.rc), the DLL's (the project's
-// version from CMake) and none from a module without a version resource; each 16-bit part on its own.
-TEST(VersionInfo, PartsComeFromTheResourceModulesFixedRecord)
-{
-    const HMODULE dll = LoadLibraryExA((ProgramDir + "drawtool.dll").c_str(), nullptr, LOAD_LIBRARY_AS_DATAFILE);
-    const HMODULE bare = LoadLibraryExA((ProgramDir + "no_version.dll").c_str(), nullptr, LOAD_LIBRARY_AS_DATAFILE);
-    ASSERT_TRUE(dll && bare) << "drawtool.dll and no_version.dll beside " << ProgramDir;
-    const DWORD major = DRAWTOOL_VERSION_MAJOR, minor = DRAWTOOL_VERSION_MINOR, patch = DRAWTOOL_VERSION_PATCH;
-    const struct {
-        HMODULE module;
-        int (*read)(DWORD (&)[4]);
-        std::vector<DWORD> expected;   // found, then the four parts
-    } rows[] = {
-        {nullptr, GetFileVersionParts, {1, 2, 5, 1, 7}},
-        {nullptr, GetProductVersionParts, {1, 3, 65535, 32768, 1}},
-        {dll, GetFileVersionParts, {1, major, minor, patch, 0}},
-        {bare, GetProductVersionParts, {0, 0, 0, 0, 0}},
-    };
-    for (const auto& row : rows) {
-        AfxSetResourceHandle(row.module);
-        DWORD parts[4] = {9, 9, 9, 9};
-        const DWORD found = static_cast<DWORD>(row.read(parts));
-        EXPECT_EQ(row.expected, (std::vector<DWORD>{found, parts[0], parts[1], parts[2], parts[3]}))
-            << "row " << &row - rows;
-    }
-    AfxSetResourceHandle(nullptr);
-    FreeLibrary(dll);
-    FreeLibrary(bare);
-}
-
+// The fixed record of the resource module: this program's (SystemTests.rc), and none from a module
+// without a version resource; each 16-bit part on its own.
 // Names come from the host executable's block in its translation's language (this program lists a
-// German table first); the child's block has a product name and no LegalCopyright.
-TEST(VersionInfo, NamesComeFromTheHostExecutableInItsTranslation)
+// German table first).
+TEST(VersionInfo, PartsComeFromTheResourceModuleAndNamesFromTheHostsTranslation)
 {
+    const HMODULE bare = LoadLibraryExA((ProgramDir + "no_version.dll").c_str(), nullptr, LOAD_LIBRARY_AS_DATAFILE);
+    const auto read = [](HMODULE module, int (*reader)(DWORD (&)[4])) {
+        AfxSetResourceHandle(module);
+        DWORD parts[4] = {9, 9, 9, 9};
+        return std::vector<DWORD>{static_cast<DWORD>(reader(parts)), parts[0], parts[1], parts[2], parts[3]};
+    };
+    EXPECT_EQ((std::vector<DWORD>{1, 2, 5, 1, 7}), read(nullptr, GetFileVersionParts));
+    EXPECT_EQ((std::vector<DWORD>{1, 3, 65535, 32768, 1}), read(nullptr, GetProductVersionParts));
+    EXPECT_EQ((std::vector<DWORD>{0, 0, 0, 0, 0}), read(bare, GetProductVersionParts)) << "no version resource";
+    AfxSetResourceHandle(nullptr);
+
     CString product = "stale", legal = "stale";
     const int found = GetAppProductName(product) * 10 + GetAppLegalNotice(legal);
     EXPECT_EQ("11|Moru system tests|Copyright (C) 2026 Moru",
               std::to_string(found) + "|" + product.GetString() + "|" + legal.GetString());
-    EXPECT_EQ("1|Moru test child|0|", Echo(LaunchProcess(ChildExe.c_str(), {}, "", SW_HIDE, 0, nullptr))[6])
-        << "product found|name|legal found|text";
 }

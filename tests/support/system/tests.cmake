@@ -22,15 +22,10 @@ endif()
 # A module without any version resource.
 add_library(no_version SHARED support/system/NoVersion.c)
 set_target_properties(no_version PROPERTIES PREFIX "")
-add_dependencies(system_tests no_version drawtool)
-target_compile_definitions(system_tests PRIVATE
-  DRAWTOOL_VERSION_MAJOR=${PROJECT_VERSION_MAJOR}
-  DRAWTOOL_VERSION_MINOR=${PROJECT_VERSION_MINOR}
-  DRAWTOOL_VERSION_PATCH=${PROJECT_VERSION_PATCH})
+add_dependencies(system_tests no_version)
 
-# The child program the process, clipboard and version tests start (its
-# version block has a product name and no LegalCopyright), built beside
-# system_tests (bin/), where the tests look for it.
-add_executable(child support/system/children/Child.cpp support/system/children/Child.rc)
+# The child program the process tests start, built beside system_tests
+# (bin/), where the tests look for it.
+add_executable(child support/system/children/Child.cpp)
 target_link_libraries(child PRIVATE support)
 add_dependencies(system_tests child)
