@@ -47,6 +47,18 @@ TEST(Framework, CreatingAgainDeletesTheOldPenPairedDcsMoveTogetherAndNullDcsFail
         << "mode setters answer 0, GDI's failure";
 }
 
+TEST(Framework, RectanglesMeasureFromTheirCornersAndNormalizeByEachAxis)
+{
+    CRect rect(10, 20, 13, 27);
+    EXPECT_EQ(CSize(3, 7), rect.Size());
+    EXPECT_TRUE(rect.TopLeft() == CPoint(10, 20) && rect.BottomRight() == CPoint(13, 27));
+    CRect reversed(13, 20, 10, 12);
+    EXPECT_EQ(-3, reversed.Width());
+    reversed.NormalizeRect();
+    EXPECT_EQ(CRect(10, 12, 13, 20), reversed);
+    EXPECT_TRUE(CRect(5, 5, 5, 9).IsRectEmpty() && !rect.IsRectEmpty());
+}
+
 TEST(Framework, StringsFormatAndConvertAndFileExceptionsMapTheRuntimesErrorNumbers)
 {
     CString text("kept?");
