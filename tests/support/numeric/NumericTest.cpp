@@ -84,7 +84,8 @@ TEST(AxisScalingAndStepRounding, DecadeRuleNiceNumbersAxesAndStepGridsAndTheCoun
         // 3.5: 2 * 3.5 + 1, 2 * trunc(4) + 1; 7.5: RoundToInt(4.75), trunc(8) + 1; 0.1: mantissa 10, whole units.
         E(range(7, -3), kNaN, kNaN, kNaN), E(parts(10), 5, 2, 5, 2), E(parts(3.5), 8, 0.5, 9, 0.5), E(parts(4), 2, 2, 4, 1),
         E(parts(7.5), 5, 2, 9, 1), E(parts(0.1), 10, 0.01, 10, 0.01), E(parts(-25), 6, -5, INT_MIN, kNaN),
-        E(parts(0), 0, 0, INT_MIN, 0), E(LogAxisPosition(1, 100, 10), 50.5), E(LogAxisPosition(1, 100, 0), 0),
+        E(parts(0), 0, 0, INT_MIN, 0), E(parts(above), 12, 1e-6), // a mantissa just above 10: r + 1, rounded up
+        E(LogAxisPosition(1, 100, 10), 50.5), E(LogAxisPosition(1, 100, 0), 0),
         // Grid points not above, not below; downward (upward 0) swaps the modes; a NaN value's count is INT_MIN.
         E(LogAxisPosition(5, 5, 3), kNaN), E(RoundToStep(0, 7, 5, 1, 0), 5), E(RoundToStep(0, 7, 5, 1, 1), 10),
         // Quotients with fractions of one half and more (1.6, -1.5) in each of the four modes.
@@ -166,6 +167,7 @@ TEST(GeodesyFittingAndPlaneGeometry, WorkedExamplesBoundariesAndTheEllipsoidTabl
         E(EllipsoidTable[4], 6378137.0, 298.257222101), E(EllipsoidTable[5], 6378137.0, 298.257222101),
         E(trip(3000, -4000, 270, 6), 0, 0, 0, 0), E(distance({0, 0, 0}, {0, 0, 0}, {1, 0, 0}, {1, 0, 0}, 6), 0),
         E(GeodesicDistance(nullptr, xs.data(), xs.data(), ys.data(), 4), 0),
+        E(GeodesicDistance(xs.data(), ys.data(), xs.data(), nullptr, 4), 0),
         // FitLine's result, slope, intercept; a flat shape gives the box; a reversed box is not normalised; sizes
         // wrap to -1.
         E(line({1, 2, 3, 4}, {2.1, 3.9, 6.2, 7.8}), 0, 1.94, 0.15), E(line({0, 1}, {1, 3, 5}), 0, 0, 0),
@@ -185,6 +187,7 @@ TEST(GeodesyFittingAndPlaneGeometry, WorkedExamplesBoundariesAndTheEllipsoidTabl
         E(PointInSector(0, 0, 10, 90, 180, 0, 20, 1), 0), E(PointInSector(0, 0, 10, 90, 180, 0, 0, 1), 1),
         // Due south of a centre off the origin; one turn: 40 to 90, the point at 63.
         E(PointInSector(0, 20, 10, 90, 180, 0, 15, 1), 1), E(PointInSector(0, 0, 10, 400, 450, -1, -0.5, 1), 1),
+        E(PointInSector(0, 0, 10, 300, 30, 7, -8, 1), 0),   // at 319 degrees but 10.6 away
         E(PointInSector(0, 0, 10, 300, 30, 0.87, -4.92, 1), 1), E(PointInSector(0, 0, 10, 800, 1100, 1.71, 4.70, 1), 1),
         // Ties go to the first; NaN distances are passed over. Ray flag 0: on the segment and ahead; 1: behind or
         // off it; -1: parallel, the point untouched.

@@ -21,6 +21,7 @@ TEST(PathText, CompactPathKeepsTheNamePadToWidthFillsAndFitPathToWidthFallsBackT
         {FitPathToWidth(_pgmptr, shortLength + 2), std::string(shortPath) + "  "},   // this program's path
         {FitPathToWidth(_pgmptr, shortLength), std::string(shortLength, ' ')},       // no room
         {FitPathToWidth("C:\\missing\\file.txt", 6), "      "},
+        {FitPathToWidth("abcd", 4), "abcd"},   // fits exactly: kept as it is
     };
     for (size_t i = 0; i < std::size(cases); ++i)
         EXPECT_EQ(cases[i].expected, std::string(cases[i].got)) << "row " << i;

@@ -39,6 +39,7 @@ TEST(ProcessExitCode, ReadersTellRunningEndedAndUnknownAndKillingTakesTheExactPa
         {"ById running", GetProcessExitCodeById(&runningId), static_cast<int>(STILL_ACTIVE)},
         {"ById ended", GetProcessExitCodeById(&endedId), 3},
         {"ByHandle null", GetProcessExitCodeByHandle(nullptr), ExitCodeUnknown},
+        {"ByHandle ended", GetProcessExitCodeByHandle(ended), 3},
         {"ByName folder, case", GetProcessExitCodeByName(&runningId, "D:\\y\\CHILD.EXE"), STILL_ACTIVE},
         {"ByName other name", GetProcessExitCodeByName(&runningId, "child.com"), 0},
         {"End ended", EndProcessIfRunning(endedId), 3},
@@ -84,6 +85,9 @@ TEST(ProcessWait, PumpingNotifiesTheWindowAndDispatchesWhileTheChildRuns)
     EXPECT_EQ(0, RunProcessPumping(window, ChildExe.c_str(), {"exit", "3", "300"}, "", SW_HIDE, 0));
     EXPECT_EQ(Records.substr(0, Records.find(' ')) + " app 0 ", Records) << "the child's id, WM_APP, 0";
     EXPECT_EQ(0, CountProcessesByFileName("child.exe")) << "the wait lasts until the child ends";
+    const ULONGLONG start = GetTickCount64();
+    EXPECT_EQ(0, RunProcessPumping(ChildExe.c_str(), {"exit", "3", "300"}, "", SW_HIDE, 0));
+    EXPECT_GE(GetTickCount64() - start, 250u) << "without a window the child runs and is waited for";
 
     DestroyWindow(window);
 }
