@@ -22,7 +22,7 @@ int main(int argc, char** argv)
     char path[MAX_PATH];
     ChartCalls found;
     HMODULE module = LoadLibraryA("drawtool.dll");
-    int parts[4] = {0, 0, 0, 0};
+    int parts[5] = {-1, -1, -1, -1, -1};
     DrawToolHandle tool;
     FILE* file;
     if (argc != 2 || strlen(argv[1]) > MAX_PATH - 20 || !module)
@@ -38,8 +38,8 @@ int main(int argc, char** argv)
     DrawChart(&found, tool, results);
     DeleteEnhMetaFile(CloseEnhMetaFile(DrawTool_GetDCPointer(tool)));
     DrawTool_Destroy(tool);
-    parts[0] = DrawTool_GetVersion(&parts[1], &parts[2], &parts[3], NULL);
-    sprintf(results + strlen(results), "version %d %d.%d.%d\n", parts[0], parts[1], parts[2], parts[3]);
+    parts[0] = DrawTool_GetVersion(&parts[1], &parts[2], NULL, &parts[4]);
+    sprintf(results + strlen(results), "version %d %d.%d.%d.%d\n", parts[0], parts[1], parts[2], parts[3], parts[4]);
     sprintf(path, "%s\\results.txt", argv[1]);
     file = fopen(path, "wb");
     return file && fputs(results, file) >= 0 && !fclose(file) ? 0 : 3;

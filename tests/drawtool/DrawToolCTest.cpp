@@ -41,6 +41,7 @@ TEST(DrawToolC, BadHandlesAnswerWhatAFailedCallAnswersAndDestroyPutsTheDcBack)
     DrawTool_Initialize(destroyed, nullptr, 0);
     DrawTool_Destroy(destroyed);  // without Finalize: the DC is put back
     EXPECT_EQ(host, HostStateOf(dc)) << "after DrawTool_Destroy";
+    EXPECT_EQ(0, DrawTool_GetOrgX(destroyed)) << "a destroyed handle, before its slot is used again";
 
     const DrawToolHandle next = DrawTool_Create(nullptr, dc);
     DrawTool_SetOrgX(next, 7);
@@ -82,7 +83,7 @@ TEST(DrawToolC, HostWrittenInCDrawsWhatTheClassDraws)
     CMoruDrawTool tool(nullptr, &recorder.Dc());
     DrawChart(&calls, ClassCalls::Handle(tool), results);
     std::ifstream file(folder + "\\results.txt");
-    EXPECT_EQ(results + std::string("version 1 1.0.0\n"), std::string(std::istreambuf_iterator<char>(file), {}))
+    EXPECT_EQ(results + std::string("version 1 1.0.-1.0\n"), std::string(std::istreambuf_iterator<char>(file), {}))
         << "values returned through the class (left) and the C host";
     const HENHMETAFILE chart = ::GetEnhMetaFileA((folder + "\\chart.emf").c_str());
     EXPECT_EQ(DescribeRecords(recorder.Finish()), DescribeRecords(ReadRecords(chart)))

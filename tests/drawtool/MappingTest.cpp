@@ -67,6 +67,9 @@ TEST(Mapping, ConversionsAndCurrentPositionKeepTheirOwnRules)
     EXPECT_EQ(-45.0, tool.LPtoV_Y(10));
     ::MoveToEx(recorder.Dc().m_hDC, 10, 300, nullptr);
     EXPECT_EQ(CPoint(1, 50), tool.GetCurrentPosition());  // ...while this divides first
+    tool.SetScaleFact(3.0);
+    tool.MoveTo2(1, 2);
+    EXPECT_EQ(CPoint(7, 106), tool.MoveTo(0, 0)) << "the \"2\" calls scale both axes by ScaleFact, then offset";
     tool.SetScaleFactY(0.0);
     EXPECT_TRUE(std::isinf(tool.LPtoV_Y(5)));
     EXPECT_EQ(0, tool.GetCurrentPosition().y) << "an infinite quotient reads as 0";
