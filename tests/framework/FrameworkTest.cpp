@@ -14,7 +14,12 @@ TEST(Framework, CreatingAgainDeletesTheOldPenPairedDcsMoveTogetherAndNullDcsFail
     const HGDIOBJ first = twice.m_hObject;
     twice.CreatePen(PS_DOT, 1, 0);
     EXPECT_EQ(0u, ::GetObjectType(first)) << "creating again deletes the pen held before";
-    EXPECT_TRUE(CWnd().Attach(::GetDesktopWindow()) && !CWnd().Attach(nullptr)) << "Attach's answer";
+    LOGPEN described = {};
+    EXPECT_EQ(static_cast<int>(sizeof described), twice.GetObject(sizeof described, &described));
+    EXPECT_EQ(static_cast<UINT>(PS_DOT), described.lopnStyle);
+    CWnd desktop;
+    EXPECT_TRUE(desktop.Attach(::GetDesktopWindow()) && !CWnd().Attach(nullptr)) << "Attach's answer";
+    EXPECT_EQ(::GetDesktopWindow(), desktop.GetSafeHwnd());
     CDC dc;
     ASSERT_TRUE(dc.CreateCompatibleDC(nullptr));
     dc.SetViewportOrg(5, 6);
