@@ -17,6 +17,9 @@ TEST(Framework, CreatingAgainDeletesTheOldPenPairedDcsMoveTogetherAndNullDcsFail
     LOGPEN described = {};
     EXPECT_EQ(static_cast<int>(sizeof described), twice.GetObject(sizeof described, &described));
     EXPECT_EQ(static_cast<UINT>(PS_DOT), described.lopnStyle);
+    const LOGBRUSH hatch = {BS_HATCHED, RGB(1, 2, 3), HS_CROSS};
+    CBrush brush;
+    EXPECT_TRUE(brush.CreateBrushIndirect(&hatch) && ::GetObjectType(brush.m_hObject) == OBJ_BRUSH);
     CWnd desktop;
     EXPECT_TRUE(desktop.Attach(::GetDesktopWindow()) && !CWnd().Attach(nullptr)) << "Attach's answer";
     EXPECT_EQ(::GetDesktopWindow(), desktop.GetSafeHwnd());
@@ -69,6 +72,7 @@ TEST(Framework, StringsFormatAndConvertAndFileExceptionsMapTheRuntimesErrorNumbe
     CString text("kept?");
     text.Format("%s", "");
     EXPECT_TRUE(text.IsEmpty()) << "an empty result replaces the old text: \"" << text.GetString() << "\"";
+    EXPECT_TRUE(CString("b").Compare("a") > 0 && text.Compare(nullptr) == 0) << "null compares as empty";
     // The ANSI code page 1252 (the OEM code page 437 would give 0x82 0x81).
     EXPECT_EQ(CString("\xE9\xFC"), CString(L"\u00E9\u00FC")) << "wide text converted through CP_ACP";
     EXPECT_EQ(CString("\xC9""A|\xE9""a"), CString("\xE9""a|").MakeUpper() + CString("\xC9""A").MakeLower())

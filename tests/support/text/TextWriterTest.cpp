@@ -83,6 +83,10 @@ TEST(StdioFile, TextRoundTripAndWriteErrors)
     EXPECT_EQ(causeOf([&] { CStdioFile missing((path + "\\no\\such.txt").c_str(), CFile::modeRead); }),
               CFileException::badPath);
     EXPECT_EQ(causeOf([&] { CFile missing((path + ".none").c_str(), CFile::modeRead); }), CFileException::fileNotFound);
+    CFile plain;
+    ASSERT_TRUE(plain.Open((path + ".bin").c_str(), CFile::modeCreate | CFile::modeWrite));
+    EXPECT_EQ(causeOf([&] { plain.Close(); }), -1) << "a successful close throws nothing";
+    EXPECT_TRUE(std::filesystem::remove(path + ".bin")) << "a closed CFile releases its file";
     {
         CStdioFile untyped(path.c_str(), CFile::modeWrite | CFile::modeCreate | CFile::modeNoTruncate);
         untyped.WriteString("+\n");
