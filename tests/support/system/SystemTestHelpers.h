@@ -44,15 +44,15 @@ struct ScratchDir {
 };
 
 /// The lines the echo child wrote to EchoFile, its standard-error file (command line, current directory,
-/// CHILD_ECHO_MARK), once the child with this id ended. Every launch with it truncates the file first,
-/// also one that starts nothing.
+/// CHILD_ECHO_MARK, its own legal notice), once the child with this id ended. Every launch with it
+/// truncates the file first, also one that starts nothing.
 inline const std::string EchoFile = TempDir + "system_tests_echo.txt";
 inline std::vector<std::string> Echo(int processId)
 {
     const HANDLE process = OpenProcess(SYNCHRONIZE, FALSE, static_cast<DWORD>(processId));
     WaitForSingleObject(process, 10000);
     CloseHandle(process);
-    std::vector<std::string> lines(3);
+    std::vector<std::string> lines(4);
     std::ifstream text(EchoFile, std::ios::binary);
     for (std::string& line : lines)
         std::getline(text, line);

@@ -23,4 +23,5 @@ TEST(VersionInfo, PartsComeFromTheResourceModuleAndNamesFromTheHostsTranslation)
     const int found = GetAppProductName(product) * 10 + GetAppLegalNotice(legal);
     EXPECT_EQ("11|Moru system tests|Copyright (C) 2026 Moru",
               std::to_string(found) + "|" + product.GetString() + "|" + legal.GetString());
+    EXPECT_EQ("0|", EchoOf({})[3]) << "a program without a version block reads an empty notice";
 }

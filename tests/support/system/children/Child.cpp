@@ -2,7 +2,10 @@
 //   exit CODE [MS]  sleeps MS milliseconds, then exits with CODE
 //   windows         top-level windows "first" and "second"; a WM_CLOSE ends the process with exit code 7
 //   anything else   echo: writes to standard error, one line each, the command line as the system
-//                   passed it, the current directory and CHILD_ECHO_MARK
+//                   passed it, the current directory, CHILD_ECHO_MARK and what GetAppLegalNotice
+//                   reads in a program without a version block ("found|text")
+#include "support/system/VersionInfo.h"
+
 #include <windows.h>
 
 #include <cstdlib>
@@ -16,8 +19,10 @@ int Echo()
     char dir[MAX_PATH] = "", mark[256] = "";
     GetCurrentDirectoryA(MAX_PATH, dir);
     GetEnvironmentVariableA("CHILD_ECHO_MARK", mark, sizeof(mark));
+    CString legal = "stale";
+    const int found = GetAppLegalNotice(legal);
     std::ostringstream text;
-    text << GetCommandLineA() << "\n" << dir << "\n" << mark << "\n";
+    text << GetCommandLineA() << "\n" << dir << "\n" << mark << "\n" << found << "|" << legal.GetString() << "\n";
     DWORD written = 0;
     WriteFile(GetStdHandle(STD_ERROR_HANDLE), text.str().data(), static_cast<DWORD>(text.str().size()), &written,
               nullptr);
