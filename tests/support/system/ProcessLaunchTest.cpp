@@ -6,7 +6,9 @@ TEST(ProcessLaunch, CommandLineQuotesOnlyShortPathArgumentsWithBlanks)
 {
     const ScratchDir dir("launch_args");
     const std::string longFile = dir / (std::string(120, 'd') + " x\\" + std::string(140, 'e') + " f");
-    dir.Write(longFile.substr(dir.path.size() + 1));
+    const std::string exactly260 = longFile.substr(0, MAX_PATH);
+    for (const std::string& file : {longFile, exactly260})
+        dir.Write(file.substr(dir.path.size() + 1));
     struct Row { std::string argument, passed; };   // passed "": dropped
     const Row rows[] = {
         {"  plain\t", "plain"},
@@ -18,6 +20,7 @@ TEST(ProcessLaunch, CommandLineQuotesOnlyShortPathArgumentsWithBlanks)
         {":\\a b", ":\\a b"},                                      // ":\" at index 0 only
         {longFile, longFile},                                      // over 260, existing: as it is
         {longFile + "x", "\"" + longFile + "x\""},                 // over 260, no such file
+        {exactly260, "\"" + exactly260 + "\""},                   // 260, existing: a short path
     };
     std::vector<CString> arguments;
     std::string expected = "\"" + ChildExe + "\"";
