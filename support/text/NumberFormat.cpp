@@ -56,12 +56,7 @@ int ParseInt(const char* text)
     long long magnitude = 0;
     for (; *text >= '0' && *text <= '9'; ++text)
         magnitude = std::min(magnitude * 10 + (*text - '0'), 2147483649LL);
-    const long long value = negative ? -magnitude : magnitude;
-    if (value > INT_MAX)
-        return INT_MAX;
-    if (value < INT_MIN)
-        return INT_MIN;
-    return static_cast<int>(value);
+    return static_cast<int>(std::clamp<long long>(negative ? -magnitude : magnitude, INT_MIN, INT_MAX));
 }
 
 double ParseDouble(const char* text)
