@@ -31,6 +31,7 @@ TEST(ProcessExitCode, ReadersTellRunningEndedAndUnknownAndKillingTakesTheExactPa
     const HANDLE running = LaunchProcessHandle(ChildExe.c_str(), "exit 3 30000", "", SW_HIDE, nullptr);
     const HANDLE ended = LaunchProcessHandle(ChildExe.c_str(), "exit 3", "", SW_HIDE, nullptr);
     int runningId = static_cast<int>(GetProcessId(running)), endedId = static_cast<int>(GetProcessId(ended));
+    int noProcess = 0x7FFFFFFC;   // a process id no process has
     ASSERT_EQ(3u, ExitCodeAfterWait(ended));
     for (int i = 0; i < 500 && CountProcessesByFileName("child.exe") < 1; ++i)
         Sleep(10);   // until it has loaded its executable
@@ -38,6 +39,8 @@ TEST(ProcessExitCode, ReadersTellRunningEndedAndUnknownAndKillingTakesTheExactPa
     const Row rows[] = {
         {"ById running", GetProcessExitCodeById(&runningId), static_cast<int>(STILL_ACTIVE)},
         {"ById ended", GetProcessExitCodeById(&endedId), 3},
+        {"ById null", GetProcessExitCodeById(nullptr), ExitCodeUnknown},
+        {"ById no such process", GetProcessExitCodeById(&noProcess), ExitCodeUnknown},
         {"ByHandle null", GetProcessExitCodeByHandle(nullptr), ExitCodeUnknown},
         {"ByHandle ended", GetProcessExitCodeByHandle(ended), 3},
         {"ByName folder, case", GetProcessExitCodeByName(&runningId, "D:\\y\\CHILD.EXE"), STILL_ACTIVE},
