@@ -5,9 +5,9 @@
 // It behaves as the runtime's own bounded routines (strcpy_s, _splitpath_s,
 // memcpy_s, vsprintf_s) do:
 // - when the host has installed a handler with _set_invalid_parameter_handler,
-//   that handler is called (with null texts and line 0, as release builds of
-//   the runtime pass them) and, if it returns, the failing call returns its
-//   empty result;
+//   that handler is called (with null texts, line 0 and a zero reserved
+//   value, as release builds of the runtime pass them) and, if it returns,
+//   the failing call returns its empty result;
 // - otherwise the process ends at once with exit status
 //   STATUS_INVALID_CRUNTIME_PARAMETER (0xC0000417), as the runtime's default
 //   handling ends it; nothing is flushed and no message is shown.

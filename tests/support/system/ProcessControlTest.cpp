@@ -24,6 +24,9 @@ TEST(ProcessClose, WindowedChildClosesPolitelyOnItsCloseRequest)
         Sleep(10);   // until the windows exist
     EXPECT_EQ(static_cast<int>(STILL_ACTIVE), CloseProcessById(&id));
     EXPECT_EQ(7, CloseProcessInfo(&info)) << "ended by its own WM_CLOSE handling, then only tidied up";
+    PROCESS_INFORMATION closed = {};
+    EXPECT_EQ((std::vector<int>{0, 0, 0}),
+              (std::vector<int>{CloseProcessById(nullptr), CloseProcessInfo(nullptr), CloseProcessInfo(&closed)}));
 }
 
 TEST(ProcessExitCode, ReadersTellRunningEndedAndUnknownAndKillingTakesTheExactPath)
