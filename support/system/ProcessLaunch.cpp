@@ -82,7 +82,9 @@ CString BuildCommandLine(const CString& program, bool searched, const std::vecto
     return line;
 }
 
-DWORD ChooseCreationFlags(DWORD flags)
+} // namespace
+
+DWORD LaunchCreationFlags(DWORD flags)
 {
     if (flags != 0)
         return flags | CREATE_DEFAULT_ERROR_MODE;
@@ -92,6 +94,8 @@ DWORD ChooseCreationFlags(DWORD flags)
     return system.dwNumberOfProcessors < 2 ? CREATE_DEFAULT_ERROR_MODE | BELOW_NORMAL_PRIORITY_CLASS
                                            : CREATE_DEFAULT_ERROR_MODE;
 }
+
+namespace {
 
 // CreateProcessA may write into its command line: a writable copy.
 std::vector<char> WritableText(const CString& text, size_t minimumSize)
@@ -180,7 +184,7 @@ int LaunchProcessInfo(PROCESS_INFORMATION* info, const char* program, std::vecto
     void* const block = environment && *environment ? const_cast<char*>(environment) : nullptr;
 
     if (!CreateProcessA(exists ? name.GetString() : nullptr, commandLine.data(), &processAttributes,
-                        &threadAttributes, TRUE, ChooseCreationFlags(flags), block, DirectoryOrNull(dir), &startup,
+                        &threadAttributes, TRUE, LaunchCreationFlags(flags), block, DirectoryOrNull(dir), &startup,
                         info)) {
         SystemText::ErrorText(GetLastError());   // not shown: a failed start reads as 0
         *info = PROCESS_INFORMATION{};
@@ -238,7 +242,7 @@ HANDLE LaunchProcessHandle(const char* program, const char* arguments, const cha
     // Cleared first, so that a failed start hands back a null handle.
     PROCESS_INFORMATION info = {};
     if (!CreateProcessA(exists ? name.GetString() : nullptr, commandLine.data(), &processAttributes,
-                        &threadAttributes, TRUE, ChooseCreationFlags(0), nullptr, dir, &startup, &info))
+                        &threadAttributes, TRUE, LaunchCreationFlags(0), nullptr, dir, &startup, &info))
         info = PROCESS_INFORMATION{};
     if (info.hThread)
         CloseHandle(info.hThread);

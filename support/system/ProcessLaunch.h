@@ -45,6 +45,14 @@
 
 #include "AfxString.h"
 
+/// The creation flags a launch hands to CreateProcessA for the caller's
+/// flags, as described above: 0 gives CREATE_DEFAULT_ERROR_MODE
+/// (0x04000000), with BELOW_NORMAL_PRIORITY_CLASS (0x04004000) when
+/// GetSystemInfo counts fewer than 2 processors; other flags come back with
+/// CREATE_DEFAULT_ERROR_MODE added. (Wine reports every child's priority
+/// class as normal, so there the choice shows only here.)
+DWORD LaunchCreationFlags(DWORD flags);
+
 /// Starts program; returns the child's process id, or 0 when it could not be
 /// started. Both handles of the child are closed.
 int LaunchProcess(const char* program, std::vector<CString> arguments, const char* workDir, int show,

@@ -2,6 +2,8 @@
 // line it received, its directory and environment.
 #include "SystemTestHelpers.h"
 
+#include <thread>
+
 TEST(ProcessLaunch, CommandLineQuotesOnlyShortPathArgumentsWithBlanks)
 {
     const ScratchDir dir("launch_args");
@@ -29,6 +31,15 @@ TEST(ProcessLaunch, CommandLineQuotesOnlyShortPathArgumentsWithBlanks)
         expected += row.passed.empty() ? "" : " " + row.passed;
     }
     EXPECT_EQ(expected, EchoOf(arguments)[0]);
+}
+
+// Flags 0 lower the child's priority on a one-processor machine only; given flags keep theirs. Each
+// launch adds the default error mode.
+TEST(ProcessLaunch, CreationFlagsLowerThePriorityOnlyOnOneProcessor)
+{
+    const unsigned processors = std::thread::hardware_concurrency();
+    EXPECT_EQ(processors == 1 ? 0x04004000u : 0x04000000u, LaunchCreationFlags(0)) << processors << " processors";
+    EXPECT_EQ(0x04000210u, LaunchCreationFlags(CREATE_NEW_CONSOLE | CREATE_NEW_PROCESS_GROUP));
 }
 
 // A name searched for, or an existing program with arguments (even only blank ones), is quoted. The
