@@ -66,6 +66,7 @@ TEST(ProcessLaunch, MissingProgramsStartNothingAndRunProcessAndWaitGivesOneWithI
     EXPECT_TRUE(!info.hProcess && !info.hThread && !info.dwProcessId && !info.dwThreadId);
     EXPECT_EQ(nullptr, LaunchProcessHandle(nullptr, nullptr, nullptr, SW_HIDE, nullptr));
     EXPECT_FALSE(ShellOpen(nullptr, "C:\\no\\such.exe", nullptr)) << "a missing file";
+    EXPECT_FALSE(ShellOpen(nullptr, nullptr, nullptr)) << "no file";
     EXPECT_FALSE(IsWow64()) << "a 64-bit process";
     RecordingApp app;
     EXPECT_EQ(42, RunProcessAndWait(ChildExe.c_str(), {"exit", "42"}, "", SW_HIDE, 0, 1));
@@ -75,7 +76,8 @@ TEST(ProcessLaunch, MissingProgramsStartNothingAndRunProcessAndWaitGivesOneWithI
     EXPECT_EQ(std::vector<std::string>{"Error. The process not created.\n[ no_such.exe]|0|0"}, app.boxes);
 }
 
-// The child's thread handle is closed: the free handle slots are the same once the child is gone.
+// The child's thread handle is closed, by the launchers and the simple one: the free handle slots are the
+// same once the child is gone.
 TEST(ProcessLaunch, AStartLeavesTheCallerOnlyTheProcessHandle)
 {
     // The first start opens what the system keeps for the process's later starts.
@@ -83,4 +85,8 @@ TEST(ProcessLaunch, AStartLeavesTheCallerOnlyTheProcessHandle)
     const HANDLE before = SixtyFourthFreeHandleSlot();
     EXPECT_EQ(0, RunProcessAndWait(ChildExe.c_str(), {"exit", "0"}, "", SW_HIDE, 0, 0));
     EXPECT_EQ(before, SixtyFourthFreeHandleSlot());
+    const HANDLE process = LaunchProcessHandle(ChildExe.c_str(), "exit 0", "", SW_HIDE, nullptr);
+    WaitForSingleObject(process, 10000);
+    CloseHandle(process);
+    EXPECT_EQ(before, SixtyFourthFreeHandleSlot()) << "after LaunchProcessHandle";
 }
