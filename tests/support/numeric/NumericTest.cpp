@@ -89,7 +89,8 @@ TEST(AxisScalingAndStepRounding, DecadeRuleNiceNumbersAxesAndStepGridsAndTheCoun
         // Grid points not above, not below; downward (upward 0) swaps the modes; a NaN value's count is INT_MIN.
         E(LogAxisPosition(5, 5, 3), kNaN), E(RoundToStep(0, 7, 5, 1, 0), 5), E(RoundToStep(0, 7, 5, 1, 1), 10),
         // Quotients with fractions of one half and more (1.6, -1.5, 1.96) in each of the four modes.
-        E(RoundToStep(0, 9.8, 5, 1, 0), 5), E(RoundToStep(0, 8, 5, 1, 0), 5), E(RoundToStep(0, 8, 5, 1, 1), 10), E(RoundToStep(0, 8, 5, 0, 0), 10),
+        E(RoundToStep(0, 9.8, 5, 1, 0), 5), E(RoundToStep(0, 8, 5, 1, 0), 5), E(RoundToStep(0, 8, 5, 1, 1), 10),
+        E(RoundToStep(0, 8, 5, 0, 0), 10),
         E(RoundToStep(0, 8, 5, 0, 1), 5), E(RoundToStep(0, -7.5, 5, 1, 0), -10), E(RoundToStep(0, -7.5, 5, 1, 1), -5),
         E(RoundToStep(0, -8, 5, 0, 0), -5), E(RoundToStep(0, 7.5, 5, 1, 0), 5),
         E(RoundToStep(2, 8, -5, 1, 1), 12), E(RoundToStep(3, 7, 0, 1, 0), 3), E(RoundToStepFromZero(-7, 5, 1, 0), -10),
