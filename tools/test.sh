@@ -22,5 +22,13 @@ trap 'stop_wineserver "$build"' EXIT
 "$root/cmake/wine-run.sh" cmd.exe /c exit </dev/null >/dev/null 2>&1
 
 cd "$build"
-ctest --output-on-failure --timeout 900
+if ! ctest --output-on-failure --timeout 900; then
+  # A program that ends during a death test leaves the error output the test
+  # was capturing in the prefix's temp folder; show what it said.
+  for f in "$WINEPREFIX"/drive_c/users/*/Temp/gte*.tmp; do
+    if [ -s "$f" ]; then echo "== captured error output left in $f:"; cat "$f"; fi
+  done
+  echo "test.sh: FAILED: ctest reported failing tests" >&2
+  exit 1
+fi
 echo "test run took $(( $(date +%s) - start )) s"
