@@ -35,8 +35,8 @@ static void DrawChart(const ChartCalls* c, DrawToolHandle t, char* out)
     q = c->DrawTickPt(t, centre, 8, 0);
     c->SetFont1A(t, 24, 0.0, "Arial", 0.0);
     c->GetFontStyle(t, &weight, NULL);
-    out += sprintf(out, "%ld,%ld %ld,%ld %d %06lx", (long)p.x, (long)p.y, (long)q.x, (long)q.y, weight,
-                   (unsigned long)c->GetPenColor(t));
+    out += sprintf(out, "%ld,%ld %ld,%ld %d %06lx %d%d%d", (long)p.x, (long)p.y, (long)q.x, (long)q.y, weight,
+                   (unsigned long)c->GetPenColor(t), !c->GetPen(t), !c->GetBrush(t), !c->GetFont(t));
     out += sprintf(out, " %d %d", c->Polyline(t, curve, 3), c->AngleArc(t, 25, 15, 12, 10.0f, 90.0f));
     out += sprintf(out, " %.17g %u", c->GetTextWidthA(t, "p = 5 bar"), c->SetTextAlignEx(t, TA_BASELINE));
     sprintf(out, " %d\n", c->TextOutPtW(t, end, label));

@@ -106,16 +106,18 @@ static const std::string kStamp = "(\\d\\d/\\d\\d/\\d\\d \\d\\d\\.\\d\\d\\.\\d\\
 TEST(LogWriter, MessagesStampsStopAndBadInput)
 {
     const std::string dir = ScratchDir("log"), path = dir + "test.log";
-    std::ofstream(dir + "_DEFAULT.LOG") << "earlier run\n";
-    EXPECT_EXIT({
-        _chdir(dir.c_str());
-        std::fputs("unflushed\n", std::fopen("stream.txt", "w"));   // the stop must close this stream
-        LogWrite("RUN", 1, "first\n");
-        LogWrite(nullptr, 0, "S:fatal %d\n", 7);
-    }, testing::ExitedWithCode(1), "") << "exit status after \"S:\"";
-    EXPECT_TRUE(std::regex_match(ReadBytes(dir + "_DEFAULT.LOG"),
-                                 std::regex("RUN\\(1\\):first\r\n" + kStamp + "S:fatal 7\r\n")));
-    EXPECT_EQ(ReadBytes(dir + "stream.txt"), "unflushed\r\n");
+    for (const bool printfFirst : {false, true}) {   // either writer may be a process's first
+        std::ofstream(dir + "_DEFAULT.LOG") << "earlier run\n";
+        EXPECT_EXIT({
+            _chdir(dir.c_str());
+            std::fputs("unflushed\n", std::fopen("stream.txt", "w"));   // the stop must close this stream
+            printfFirst ? LogPrintf("first\n") : LogWrite("RUN", 1, "first\n");
+            LogWrite(nullptr, 0, "S:fatal %d\n", 7);
+        }, testing::ExitedWithCode(1), "") << "exit status after \"S:\"";
+        EXPECT_TRUE(std::regex_match(ReadBytes(dir + "_DEFAULT.LOG"), std::regex((printfFirst ? kStamp : "RUN\\(1\\):")
+                                     + "first\r\n" + kStamp + "S:fatal 7\r\n"))) << "LogPrintf first: " << printfFirst;
+        EXPECT_EQ(ReadBytes(dir + "stream.txt"), "unflushed\r\n");
+    }
 
     std::ofstream(path) << "kept\n";
     SetLogFileName(path.c_str());   // a name set first is never cleared
