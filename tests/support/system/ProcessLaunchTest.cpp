@@ -57,8 +57,8 @@ TEST(ProcessLaunch, ProgramIsQuotedWhenSearchedForAndDirectoryLosesTrailingBacks
     EXPECT_EQ("own", Echo(LaunchProcessEnv(ChildExe.c_str(), {}, "", SW_HIDE, 0, EchoFile.c_str(), env.c_str()))[2]);
 }
 
-// Missing programs start nothing; RunProcessAndWait gives 1 for them, with its message when asked, and
-// else the child's exit code.
+// Missing programs start nothing, while an existing one opened through the shell runs; RunProcessAndWait
+// gives 1 for missing ones, with its message when asked, and else the child's exit code.
 TEST(ProcessLaunch, MissingProgramsStartNothingAndRunProcessAndWaitGivesOneWithItsMessage)
 {
     PROCESS_INFORMATION info = {reinterpret_cast<HANDLE>(1), reinterpret_cast<HANDLE>(1), 1, 1};
@@ -67,6 +67,7 @@ TEST(ProcessLaunch, MissingProgramsStartNothingAndRunProcessAndWaitGivesOneWithI
     EXPECT_EQ(nullptr, LaunchProcessHandle(nullptr, nullptr, nullptr, SW_HIDE, nullptr));
     EXPECT_FALSE(ShellOpen(nullptr, "C:\\no\\such.exe", nullptr)) << "a missing file";
     EXPECT_FALSE(ShellOpen(nullptr, nullptr, nullptr)) << "no file";
+    EXPECT_TRUE(ShellOpen(nullptr, ChildExe.c_str(), "exit 0")) << "a program opened runs";
     EXPECT_FALSE(IsWow64()) << "a 64-bit process";
     RecordingApp app;
     EXPECT_EQ(42, RunProcessAndWait(ChildExe.c_str(), {"exit", "42"}, "", SW_HIDE, 0, 1));
