@@ -1,2 +1,2 @@
-/* A module without a version resource. */
+/* The code of the test modules without a usable version resource. */
 int NoVersionModule(void) { return 0; }

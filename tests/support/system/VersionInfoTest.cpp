@@ -3,7 +3,7 @@
 #include "SystemTestHelpers.h"
 
 // The fixed record of the resource module: this program's (SystemTests.rc), and none from a module
-// without a version resource; each 16-bit part on its own.
+// without a version resource or with one that ends inside the record; each 16-bit part on its own.
 // Names come from the host executable's block in its translation's language (this program lists a
 // German table first).
 TEST(VersionInfo, PartsComeFromTheResourceModuleAndNamesFromTheHostsTranslation)
@@ -17,6 +17,8 @@ TEST(VersionInfo, PartsComeFromTheResourceModuleAndNamesFromTheHostsTranslation)
     EXPECT_EQ((std::vector<DWORD>{1, 2, 5, 1, 7}), read(nullptr, GetFileVersionParts));
     EXPECT_EQ((std::vector<DWORD>{1, 3, 65535, 32768, 1}), read(nullptr, GetProductVersionParts));
     EXPECT_EQ((std::vector<DWORD>{0, 0, 0, 0, 0}), read(bare, GetProductVersionParts)) << "no version resource";
+    const HMODULE cut = LoadLibraryExA((ProgramDir + "cut_version.dll").c_str(), nullptr, LOAD_LIBRARY_AS_DATAFILE);
+    EXPECT_EQ((std::vector<DWORD>{0, 0, 0, 0, 0}), read(cut, GetFileVersionParts)) << "a record cut off by the end";
     AfxSetResourceHandle(nullptr);
 
     CString product = "stale", legal = "stale";

@@ -19,10 +19,12 @@ if(SYSTEM_TEST_SOURCES)
   target_link_libraries(system_tests PRIVATE support)
 endif()
 
-# A module without any version resource.
+# A module without any version resource, and one whose resource cuts off its
+# fixed record.
 add_library(no_version SHARED support/system/NoVersion.c)
-set_target_properties(no_version PROPERTIES PREFIX "")
-add_dependencies(system_tests no_version)
+add_library(cut_version SHARED support/system/NoVersion.c support/system/CutVersion.rc)
+set_target_properties(no_version cut_version PROPERTIES PREFIX "")
+add_dependencies(system_tests no_version cut_version)
 
 # The child program the process tests start, built beside system_tests
 # (bin/), where the tests look for it.
