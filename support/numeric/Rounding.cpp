@@ -1,5 +1,7 @@
 #include "support/numeric/Rounding.h"
 
+#include "support/numeric/IntegerConversion.h"
+
 int RoundToIntOutsideCommonRange(double x)
 {
     const double magnitude = std::fabs(x);
@@ -24,8 +26,5 @@ int RoundToIntOutsideCommonRange(double x)
 
 int RoundHalfAway(double x)
 {
-    const double shifted = x >= 0.0 ? x + 0.5 : x - 0.5;
-    if (!(shifted > -2147483649.0 && shifted < 2147483648.0))
-        return INT_MIN;
-    return static_cast<int>(shifted);
+    return TruncateToInt(x >= 0.0 ? x + 0.5 : x - 0.5);
 }
