@@ -38,12 +38,13 @@ int ReadVersionParts(DWORD (&parts)[4], size_t firstWord)
         return 0;
     const HGLOBAL loaded = LoadResource(module, found);
     const auto* const bytes = static_cast<const unsigned char*>(loaded ? LockResource(loaded) : nullptr);
-    if (!bytes || size == ScanSizeAllowance)
+    if (!bytes)
         return 0;
 
     // The step bound compares a count of words with a count of bytes; that is
     // intended and only matters for malformed resources. The record must also
-    // lie wholly inside the resource, whatever its size.
+    // lie wholly inside the resource, whatever its size (so a resource of 51
+    // bytes, shorter than the record, is not scanned at all).
     const size_t wordsWithRoom = size >= FixedRecordBytes ? (size - FixedRecordBytes) / sizeof(DWORD) + 1 : 0;
     size_t step = 0;
     for (;; ++step) {
