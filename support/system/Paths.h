@@ -34,9 +34,10 @@ int SplitDirAndName(const char* path, CString& dirPart, CString& namePart);
 /// the name. A bare name ("f.txt") is appended as it is; a name holding a
 /// backslash or colon is appended by the shell's PathAppend rules ("sub\f",
 /// "..\f" and "\f" resolve against the directory; "D:\f" replaces it).
-/// Returns an empty text for an empty name, for a directory of 259
-/// characters or more, and when the shell's result would not fit in
-/// MAX_PATH characters.
+/// Returns an empty text for an empty name, for a directory that does not
+/// fit in MAX_PATH characters with its backslash (259 characters or more
+/// without one, 260 or more ending in one), and when the shell's result
+/// would not fit in MAX_PATH characters.
 CString JoinPath(const char* name, const char* dir);
 
 /// The full path of path against the current directory ("." and ".."

@@ -42,6 +42,7 @@ TEST(Paths, ExistingDirectoriesStayWholeAndOtherFormsFollowTheirBase)
         {split("y.txt"), "1||y.txt"},                 // a name alone is a result too
         {JoinPath("name", "C:\\dir"), "C:\\dir\\name"},
         {JoinPath("n", dir259.c_str()), ""},   // no room for the backslash
+        {JoinPath("D:\\f", ("C:\\" + dir259.substr(4) + "\\").c_str()), "D:\\f"},   // 259 with its own: room
         {MakeRelativePathSimple(" C:\\a\\x\\f.txt ", "C:\\a\\b\\"), "..\\x\\f.txt"},
         {MakeRelativePathSimple("C:\\a\\x\\f.txt", "C:\\a\\b"), ".\\x\\f.txt"},   // b counts only with its "\"
         {MakeRelativePathSimple("c:\\a\\f", "C:\\a\\"), "c:\\a\\f"},   // drive letters differ in case
