@@ -12,7 +12,7 @@ TEST(DirectoryListing, ListsAppendVisibleEntriesAndNextFreeNamesCountUp)
     const ScratchDir scratch("list");
     for (const char* name : {"page.htm", "page.html", "Other.HTM", "hidden.htm", "sub.htm\\f.htm", "run1\\f",
                              "run2\\f", "runfile", "deep\\sub\\f.txt", "data.txt", "data1.txt", "file007.txt",
-                             "12.txt", "13.TXT", "a.b.txt", "run007\\f", "run999\\f", "run01\\f", "run02\\f"})
+                             "9.txt", "10.TXT", "a.b.txt", "run007\\f", "run999\\f", "run01\\f", "run02\\f"})
         scratch.Write(name);
     SetFileAttributesA((scratch / "hidden.htm").c_str(), FILE_ATTRIBUTE_HIDDEN);
     const std::string sub = scratch / "deep\\sub\\";
@@ -39,7 +39,7 @@ TEST(DirectoryListing, ListsAppendVisibleEntriesAndNextFreeNamesCountUp)
     const std::pair<CString, const char*> names[] = {
         {NextFreeFileName(dir, "data.txt"), "data2.txt"},
         {NextFreeFileName((scratch.path + "\\").c_str(), "file007.txt"), "file8.txt"},
-        {NextFreeFileName(dir, "12.txt"), "14.txt"},           // 13.TXT is taken, in any case
+        {NextFreeFileName(dir, "9.txt"), "11.txt"},            // 10.TXT is taken, in any case
         {NextFreeFileName(dir, "a.b.txt"), "a.b1.txt"},        // split at the last dot
         {NextFreeFileName(dir, "hidden.htm"), "hidden.htm"},   // hidden files are not listed
         {NextFreeDirName(dir, "run007"), "run008"},

@@ -38,7 +38,7 @@ TEST(DirectoryTree, CopiesTakeHiddenSystemAndReadOnlyFilesAndMasksOnlyVisibleOne
 }
 
 // DeleteTree removes read-only entries and links without entering them; DeleteFiles takes matching
-// files only; MakeDirTree makes the directory part only.
+// files only; MakeDirTree makes the directory part only, and its wait without seconds not even that.
 TEST(DirectoryTree, DeletionsTakeOnlyTheirEntriesAndMakeDirTreeMakesTheDirectoryPartOnly)
 {
     const ScratchDir scratch("delete");
@@ -62,6 +62,7 @@ TEST(DirectoryTree, DeletionsTakeOnlyTheirEntriesAndMakeDirTreeMakesTheDirectory
     EXPECT_EQ(1, MakeDirTree((scratch / "p\\q").c_str())) << "no trailing backslash: q is a name";
     EXPECT_EQ(0, MakeDirTree((scratch / "file\\sub\\").c_str())) << "a level is a file";
     EXPECT_EQ(1, MakeDirTree("")) << "no directory part";
+    EXPECT_EQ(0, MakeDirTreeWait((scratch / "never\\").c_str(), 0)) << "no second to wait: no try";
     const std::set<std::string> left = {"dir.tmp=", "dir.tmp\\inner.tmp=dir.tmp\\inner.tmp", "file=file", "n.txt=m.txt",
                                         "p=", "target=", "target\\keep.txt=target\\keep.txt", "x=", "x\\y="};
     EXPECT_EQ(left, DumpTree(scratch.path)) << "links made: " << linked;
