@@ -19,7 +19,8 @@ TEST(MessageBoxes, FormattedTextUpTo4096CharactersElseEmpty)
 }
 
 // The message file: entries "id|text" read as atoi reads the id, the first match wins, \n sequences
-// become line breaks, lines without a bar are skipped, CR LF endings and long lines are read whole.
+// become line breaks, lines without a bar are skipped, CR LF endings and long lines are read whole; a
+// numbered box shows its text, or an empty one for a missing id.
 TEST(MessageBoxes, NumberedTextsComeFromTheMessageFile)
 {
     const ScratchDir dir("messages");
@@ -32,5 +33,8 @@ TEST(MessageBoxes, NumberedTextsComeFromTheMessageFile)
     };
     for (const auto& row : rows)
         EXPECT_EQ(row.second, std::string(LoadMessageText(row.first))) << "id " << row.first;
-
+    RecordingApp app;
+    EXPECT_EQ((std::vector<int>{IDRETRY, IDRETRY}), (std::vector<int>{MessageBoxById(12, MB_ICONSTOP, 9),
+                                                                      MessageBoxById(13, MB_OK, 0)}));
+    EXPECT_EQ((std::vector<std::string>{"First\nSecond|16|9", "|0|0"}), app.boxes) << "a numbered box, then a missing id";
 }

@@ -63,7 +63,12 @@ TEST(ProcessExitCode, ReadersTellRunningEndedAndUnknownAndKillingTakesTheExactPa
     const HANDLE another = LaunchProcessHandle(ChildExe.c_str(), "exit 3 30000", "", SW_HIDE, nullptr);
     KillProcessesByPath((ProgramDir + "CHILD.EXE").c_str());
     EXPECT_EQ(0u, ExitCodeAfterWait(another)) << "killed by its path in another case";
-    for (HANDLE process : {running, ended, another})
+    const HANDLE third = LaunchProcessHandle(ChildExe.c_str(), "exit 3 30000", "", SW_HIDE, nullptr);
+    const int seven = 7;
+    EXPECT_EQ((std::vector<int>{7, 0, 7}), (std::vector<int>{TerminateProcessHandle(third, &seven),
+                                            TerminateProcessHandle(nullptr), TerminateProcessHandle(nullptr, &seven)}));
+    EXPECT_EQ(0u, ExitCodeAfterWait(third)) << "terminated by its handle with exit code 0, whatever the code given";
+    for (HANDLE process : {running, ended, another, third})
         CloseHandle(process);
 }
 
