@@ -22,8 +22,11 @@ TEST(ProcessClose, WindowedChildClosesPolitelyOnItsCloseRequest)
     int id = LaunchProcessInfo(&info, ChildExe.c_str(), {"windows"}, "", SW_HIDE, 0, nullptr, nullptr);
     for (int i = 0; i < 1000 && !FindWindowA("ChildWindow", "first"); ++i)
         Sleep(10);   // until the windows exist
+    // A window of this process, made last, comes first in the z-order: the search passes over it.
+    const HWND other = CreateWindowA("STATIC", "", 0, 0, 0, 9, 9, nullptr, nullptr, nullptr, nullptr);
     EXPECT_EQ(static_cast<int>(STILL_ACTIVE), CloseProcessById(&id));
     EXPECT_EQ(7, CloseProcessInfo(&info)) << "ended by its own WM_CLOSE handling, then only tidied up";
+    DestroyWindow(other);
     PROCESS_INFORMATION closed = {};
     EXPECT_EQ((std::vector<int>{0, 0, 0}),
               (std::vector<int>{CloseProcessById(nullptr), CloseProcessInfo(nullptr), CloseProcessInfo(&closed)}));
