@@ -195,5 +195,6 @@ TEST(GeodesyFittingAndPlaneGeometry, WorkedExamplesBoundariesAndTheEllipsoidTabl
         E(NearestPoint(1, 1, xs, ys), 0), E(NearestPoint(1, 1, xs, {0, 0}), -1), E(NearestPoint(1, 1, {}, {}), -1),
         E(NearestPoint(0, 0, {kNaN, 3}, {0, 0}), 1), E(ray(0, 0, 0, 2, -1, 2, 1), 0, 2, 0), E(rotate(1, 2, 90), -2, 1),
         E(ray(0, 0, 0, -2, -1, -2, 1), 1, -2, 0), E(ray(1, 1, kPi / 2, 0, 3, 2, 3), 0, 1, 3),
-        E(ray(0, 0, 0, 1, 1, 3, 1), -1, 42, 42), E(ray(0, 0, 0, 2, 1, 2, 3), 1, 2, 0));
+        E(ray(0, 0, 0, 1, 1, 3, 1), -1, 42, 42), E(ray(0, 0, 0, 2, 1, 2, 3), 1, 2, 0),
+        E(ray(1, 0, 0, 3, -1, 4, 1), 0, 3.5, 0));
 }

@@ -9,6 +9,7 @@ TEST(Paths, SplitPathGivesDriveDirectoryNameAndExtension)
     const Case cases[] = {
         {"C:\\dir\\file.ext", "C:|\\dir\\|file|.ext|0"},
         {" ..\\ ", "|..\\|||0"},   // trimmed before the special texts
+        {".", "|.\\|||0"},
         {n255 + ".e", "||" + n255 + "|.e|0"},
         {n256 + ".e", "||||1"},
         {"C:\\" + n256 + "\\f", "||||1"},
