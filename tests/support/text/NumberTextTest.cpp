@@ -21,7 +21,7 @@ static void Check(const char* name, F f, std::initializer_list<std::tuple<In, in
         EXPECT_EQ(f(value, digits), expected) << name << "(" << value << ", " << digits << ")";
 }
 
-TEST(NumberText, CorrectlyRoundedText)
+TEST(NumberText, FormatsGiveTheExactBinaryValueRoundedHalfToEven)
 {
     // FormatDouble's digits as given, negative for -digits without the point suffix.
     Check<double, const char*>("FormatDouble", [](double v, int d) { return FormatDouble(v, std::abs(d), d < 0).str(); },
@@ -44,7 +44,7 @@ TEST(NumberText, CorrectlyRoundedText)
 }
 
 // Text read as numbers; DegreesToDms splits through "%.8f" text.
-TEST(NumberText, ReadingAndSplitting)
+TEST(NumberText, ReadersTakeTheLeadingNumberAndSplittersKeepTheSignOnTheFirstPart)
 {
     Check<const char*, int>("ParseInt", [](const char* t, int) { return ParseInt(t); }, {{" \t-17x", 0, -17}, {"\n\v\f\r8", 0, 8},
         {"2147483648", 0, INT_MAX}, {"-99999999999999999999", 0, INT_MIN}, {"- 5", 0, 0}, {nullptr, 0, 0}});

@@ -35,7 +35,7 @@ static std::string ReadBytes(const std::string& path)
 
 // Every writer and comment form, written by the program that the Fortran reader test also runs (beside this
 // one), compared byte for byte.
-TEST(Namelist, GoldenFile)
+TEST(Namelist, EveryWriterAndCommentFormGivesTheExpectedBytes)
 {
     const std::string path = ScratchDir("namelist") + "input.nml";
     char self[MAX_PATH];
@@ -53,7 +53,7 @@ TEST(Namelist, GoldenFile)
 }
 
 // Text mode writes CR LF and reads "\n" back; write errors throw CFileException* as MFC does.
-TEST(StdioFile, TextRoundTripAndWriteErrors)
+TEST(StdioFile, TextModeWritesCrLfReadsLinesBackAndThrowsOnWriteErrors)
 {
     const std::string path = ScratchDir("stdio") + "lines.txt";
     CStdioFile out, in, full;
@@ -103,7 +103,7 @@ static const std::string kStamp = "(\\d\\d/\\d\\d/\\d\\d \\d\\d\\.\\d\\d\\.\\d\\
 
 // The child process of the death test writes its process's first messages: a name set first is never cleared,
 // the default log is.
-TEST(LogWriter, MessagesStampsStopAndBadInput)
+TEST(LogWriter, MessagesGetTheirSourceAndStampAnSPrefixStopsAndAnOverlongNameDropsThem)
 {
     const std::string dir = ScratchDir("log"), path = dir + "test.log";
     for (const bool printfFirst : {false, true}) {   // either writer may be a process's first
