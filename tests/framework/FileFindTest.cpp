@@ -29,6 +29,9 @@ TEST(FileFind, StepsOntoEachEntryAndGivesFullPathsForRelativePatterns)
                                         + finder.IsHidden()) + "|"
                        + std::to_string(finder.GetLength()));
     }
+    FILETIME times[3] = {};   // of the last entry
+    EXPECT_TRUE(finder.GetCreationTime(times) && finder.GetLastAccessTime(times + 1) &&
+                finder.GetLastWriteTime(times + 2) && !finder.GetCreationTime(nullptr) && times[2].dwHighDateTime);
     std::filesystem::current_path(previous);
     std::sort(seen.begin(), seen.end());
     const std::string root = dir.string();
@@ -40,5 +43,7 @@ TEST(FileFind, StepsOntoEachEntryAndGivesFullPathsForRelativePatterns)
     EXPECT_EQ(std::string(finder.GetFilePath()), "C:\\" + std::string(finder.GetFileName())) << "one backslash";
     // Patterns of MAX_PATH - 1 characters are searched, of MAX_PATH refused.
     EXPECT_TRUE(finder.FindFile(("C:\\" + std::string(MAX_PATH - 4, '*')).c_str()));
+    ::SetLastError(0);
     EXPECT_FALSE(finder.FindFile(("C:\\" + std::string(MAX_PATH - 3, '*')).c_str()));
+    EXPECT_EQ(DWORD(ERROR_BAD_ARGUMENTS), ::GetLastError()) << "why the pattern was refused";
 }

@@ -4,7 +4,9 @@
 #include <gtest/gtest.h>
 
 #include <cerrno>
+#include <climits>
 #include <string>
+#include <thread>
 #include <utility>
 #include <vector>
 
@@ -20,9 +22,11 @@ TEST(Framework, CreatingAgainDeletesTheOldPenPairedDcsMoveTogetherAndNullDcsFail
     const LOGBRUSH hatch = {BS_HATCHED, RGB(1, 2, 3), HS_CROSS};
     CBrush brush;
     EXPECT_TRUE(brush.CreateBrushIndirect(&hatch) && ::GetObjectType(brush.m_hObject) == OBJ_BRUSH);
+    EXPECT_TRUE(CBrush().CreateSolidBrush(RGB(1, 2, 3))) << "a solid brush";
     CWnd desktop;
     EXPECT_TRUE(desktop.Attach(::GetDesktopWindow()) && !CWnd().Attach(nullptr)) << "Attach's answer";
     EXPECT_EQ(::GetDesktopWindow(), desktop.GetSafeHwnd());
+    EXPECT_TRUE(desktop.Detach() == ::GetDesktopWindow() && !desktop.GetSafeHwnd()) << "Detach gives the handle back";
     CDC dc;
     ASSERT_TRUE(dc.CreateCompatibleDC(nullptr));
     dc.SetViewportOrg(5, 6);
@@ -31,6 +35,9 @@ TEST(Framework, CreatingAgainDeletesTheOldPenPairedDcsMoveTogetherAndNullDcsFail
     ASSERT_TRUE(pointFont.CreatePointFont(720, "Liberation Sans", &dc));
     ::GetObjectA(pointFont.m_hObject, sizeof(made), &made);
     EXPECT_EQ(-96, made.lfHeight) << "a character height";
+    ASSERT_TRUE(pointFont.CreatePointFont(720, "Liberation Sans", nullptr));
+    ::GetObjectA(pointFont.m_hObject, sizeof(made), &made);
+    EXPECT_EQ(-96, made.lfHeight) << "without a DC, the screen's (also 96 pixels per inch)";
     CDC pair;  // output and attribute DCs apart, as MFC keeps them for a metafile
     pair.m_hDC = ::CreateCompatibleDC(nullptr);
     pair.m_hAttribDC = ::CreateCompatibleDC(nullptr);
@@ -78,6 +85,7 @@ TEST(Framework, StringsFormatAndConvertAndFileExceptionsMapTheRuntimesErrorNumbe
     EXPECT_EQ(CString("\xC9""A|\xE9""a"), CString("\xE9""a|").MakeUpper() + CString("\xC9""A").MakeLower())
         << "case follows the ANSI code page";
     CString found("abcb");
+    EXPECT_TRUE(found.GetAt(INT_MIN) == '\0' && found[INT_MAX] == '\0' && found[3] == 'b') << "a byte outside the text is 0";
     EXPECT_EQ((std::vector<int>{3, 4, -1, 3}),
               (std::vector<int>{found.Find("b", 2), found.Find("", 4), found.Find("b", 5), found.ReverseFind('b')}))
         << "a search from the end finds only the empty text; the reverse search the last match";
@@ -91,19 +99,42 @@ TEST(Framework, StringsFormatAndConvertAndFileExceptionsMapTheRuntimesErrorNumbe
 // While it lives, the host's application object is the one AfxGetApp gives (that AfxMessageBox reaches its
 // DoMessageBox is checked with the message-box functions). The wait cursor is counted, and the cursor it replaced
 // comes back only when the last EndWaitCursor balances the first BeginWaitCursor.
-TEST(Framework, ApplicationIsCurrentWhileItLivesAndCountsTheWaitCursor)
+// Reads the next message box of the desktop as "caption|text" and presses `button` on it.
+static std::string AnswerNextBox(int button)
 {
+    HWND box = nullptr;
+    for (int i = 0; i < 1000 && !(box = ::FindWindowA("#32770", nullptr)); ++i)
+        ::Sleep(10);
+    char caption[64] = "", text[64] = "";
+    ::GetWindowTextA(box, caption, sizeof caption);
+    ::GetDlgItemTextA(box, 0xFFFF, text, sizeof text);   // the box's text control
+    ::PostMessageA(box, WM_COMMAND, button, 0);
+    return std::string(caption) + "|" + text;
+}
+
+TEST(Framework, ApplicationIsCurrentWhileItLivesShowsItsBoxesAndCountsTheWaitCursor)
+{
+    std::string seen;
+    std::thread answer([&seen] { seen = AnswerNextBox(IDOK); });
+    EXPECT_EQ(IDOK, AfxMessageBox(nullptr)) << "without an application";
+    answer.join();
+    EXPECT_EQ("Error|", seen) << "the system's caption, an empty text";
     const HCURSOR arrow = ::LoadCursor(nullptr, IDC_ARROW), wait = ::LoadCursor(nullptr, IDC_WAIT);
     {
         CWinApp app("Recorder");
         EXPECT_EQ(&app, AfxGetApp());
+        answer = std::thread([&seen] { seen = AnswerNextBox(IDNO); });
+        EXPECT_EQ(IDNO, AfxMessageBox("Proceed?", MB_YESNO)) << "the button pressed";
+        answer.join();
+        EXPECT_EQ("Recorder|Proceed?", seen) << "the application's name as the caption";
         ::SetCursor(arrow);
         app.BeginWaitCursor();
         app.BeginWaitCursor();      // nested: the arrow stays the cursor to restore
-        ::SetCursor(arrow);         // as a dialog would
-        app.RestoreWaitCursor();
         app.EndWaitCursor();
         EXPECT_EQ(wait, ::GetCursor()) << "one Begin still open";
+        ::SetCursor(::LoadCursor(nullptr, IDC_CROSS));   // as a dialog would
+        app.RestoreWaitCursor();
+        EXPECT_EQ(wait, ::GetCursor()) << "restored, and the arrow still the cursor to restore";
         app.EndWaitCursor();
         EXPECT_EQ(arrow, ::GetCursor());
         app.EndWaitCursor();        // unbalanced: the count stays at 0

@@ -86,7 +86,12 @@ TEST(StdioFile, TextModeWritesCrLfReadsLinesBackAndThrowsOnWriteErrors)
     CFile plain;
     ASSERT_TRUE(plain.Open((path + ".bin").c_str(), CFile::modeCreate | CFile::modeWrite));
     EXPECT_EQ(causeOf([&] { plain.Close(); }), -1) << "a successful close throws nothing";
-    EXPECT_TRUE(std::filesystem::remove(path + ".bin")) << "a closed CFile releases its file";
+    delete new CFile((path + ".held").c_str(), CFile::modeCreate | CFile::modeWrite);   // destroyed while open
+    CStdioFile reopened((path + ".stdio").c_str(), CFile::modeCreate | CFile::modeWrite);
+    ASSERT_TRUE(reopened.Open((path + ".held").c_str(), CFile::modeRead));   // opening again closes ".stdio"
+    reopened.Close();
+    for (const char* released : {".bin", ".held", ".stdio"})
+        EXPECT_TRUE(std::filesystem::remove(path + released)) << released << ": closed, destroyed, opened again";
     {
         CStdioFile untyped(path.c_str(), CFile::modeWrite | CFile::modeCreate | CFile::modeNoTruncate);
         untyped.WriteString("+\n");
