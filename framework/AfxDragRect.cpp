@@ -63,10 +63,11 @@ void CDC::DrawDragRect(const RECT* rect, SIZE size, const RECT* rectLast, SIZE s
     if (!m_hDC)
         return;
     // As MFC: the last frame is erased with the new frame's brush unless it
-    // has its own; the halftone brush stands in for a missing one.
+    // has its own; the halftone brush stands in for a missing one (the last
+    // frame's can only be missing when the new frame's is).
     if (!brushLast)
         brushLast = brush;
-    HBRUSH halftone = !brush || !brushLast ? CreateHalftoneBrush() : nullptr;
+    HBRUSH halftone = brush ? nullptr : CreateHalftoneBrush();
     if (rectLast)
         InvertFrameWith(m_hDC, *rectLast, sizeLast, brushLast, halftone);
     if (rect)

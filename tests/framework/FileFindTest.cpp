@@ -13,30 +13,33 @@ TEST(FileFind, StepsOntoEachEntryAndGivesFullPathsForRelativePatterns)
 {
     const std::filesystem::path dir = std::filesystem::temp_directory_path() / "framework_tests_find", previous =
         std::filesystem::current_path();
+    const std::string file = (dir / "a.txt").string();
+    ::SetFileAttributesA(file.c_str(), FILE_ATTRIBUTE_NORMAL);   // a read-only file left by an earlier run
     std::filesystem::remove_all(dir);
     std::filesystem::create_directories(dir / "sub");
-    std::ofstream(dir / "a.txt") << "12345";
-    ::SetFileAttributesA((dir / "a.txt").string().c_str(), FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_HIDDEN);
+    std::ofstream(file) << "12345";
+    ::SetFileAttributesA(file.c_str(), FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_READONLY);
     std::filesystem::current_path(dir);
     CFileFind finder;
     ASSERT_TRUE(finder.FindFile("*.*"));
-    // name|path|dots, directory, system, hidden|length; the last entry is read after a 0 answer
+    // name|path|dots, directory, read-only, system, hidden|length; the last entry is read after a 0 answer
     std::vector<std::string> seen;
     for (BOOL more = TRUE; more;) {
         more = finder.FindNextFile();
         seen.push_back(std::string(finder.GetFileName()) + "|" + finder.GetFilePath().GetString() + "|"
-                       + std::to_string(finder.IsDots() * 1000 + finder.IsDirectory() * 100 + finder.IsSystem() * 10
-                                        + finder.IsHidden()) + "|"
+                       + std::to_string(finder.IsDots() * 10000 + finder.IsDirectory() * 1000
+                                        + finder.IsReadOnly() * 100 + finder.IsSystem() * 10 + finder.IsHidden()) + "|"
                        + std::to_string(finder.GetLength()));
     }
     FILETIME times[3] = {};   // of the last entry
     EXPECT_TRUE(finder.GetCreationTime(times) && finder.GetLastAccessTime(times + 1) &&
                 finder.GetLastWriteTime(times + 2) && !finder.GetCreationTime(nullptr) && times[2].dwHighDateTime);
     std::filesystem::current_path(previous);
+    EXPECT_EQ(dir.string(), std::string(finder.GetRoot())) << "the folder, without its trailing backslash";
     std::sort(seen.begin(), seen.end());
     const std::string root = dir.string();
-    EXPECT_EQ(seen, (std::vector<std::string>{"..|" + root + "\\..|1100|0", ".|" + root + "\\.|1100|0",
-                                              "a.txt|" + root + "\\a.txt|11|5", "sub|" + root + "\\sub|100|0"}));
+    EXPECT_EQ(seen, (std::vector<std::string>{"..|" + root + "\\..|11000|0", ".|" + root + "\\.|11000|0",
+                                              "a.txt|" + root + "\\a.txt|111|5", "sub|" + root + "\\sub|1000|0"}));
     ASSERT_TRUE(finder.FindFile("C:\\*"));
     EXPECT_STREQ("C:\\", finder.GetRoot().GetString()) << "a drive's root keeps its backslash";
     finder.FindNextFile();

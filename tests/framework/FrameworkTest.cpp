@@ -35,6 +35,7 @@ TEST(Framework, CreatingAgainDeletesTheOldPenPairedDcsMoveTogetherAndNullDcsFail
     ASSERT_TRUE(pointFont.CreatePointFont(720, "Liberation Sans", &dc));
     ::GetObjectA(pointFont.m_hObject, sizeof(made), &made);
     EXPECT_EQ(-96, made.lfHeight) << "a character height";
+    dc.FillSolidRect(nullptr, 0);   // no box: nothing to fill
     ASSERT_TRUE(pointFont.CreatePointFont(720, "Liberation Sans", nullptr));
     ::GetObjectA(pointFont.m_hObject, sizeof(made), &made);
     EXPECT_EQ(-96, made.lfHeight) << "without a DC, the screen's (also 96 pixels per inch)";
@@ -54,6 +55,7 @@ TEST(Framework, CreatingAgainDeletesTheOldPenPairedDcsMoveTogetherAndNullDcsFail
     EXPECT_TRUE(pair.PolyBezierTo(to, 3) && follows()) << "PolyBezierTo";
     EXPECT_TRUE(pair.PolyDraw(to + 1, lineTo, 1) && follows()) << "PolyDraw";
     EXPECT_TRUE(pair.ArcTo(0, 0, 14, 18, 7, 0, 7, 18) && follows()) << "ArcTo";
+    EXPECT_EQ(-1, pair.SaveDC()) << "both saved: only -1 restores both";
     ::DeleteDC(pair.m_hAttribDC);   // the destructor deletes the output DC only
     CDC inert;  // null handles: every call fails quietly
     EXPECT_EQ(nullptr, inert.SelectObject(&twice));
@@ -71,7 +73,7 @@ TEST(Framework, RectanglesMeasureFromTheirCornersAndNormalizeByEachAxis)
     EXPECT_EQ(-3, reversed.Width());
     reversed.NormalizeRect();
     EXPECT_EQ(CRect(10, 12, 13, 20), reversed);
-    EXPECT_TRUE(CRect(5, 5, 5, 9).IsRectEmpty() && !rect.IsRectEmpty());
+    EXPECT_TRUE(CRect(5, 5, 5, 9).IsRectEmpty() && !rect.IsRectEmpty() && CRect() == CRect(0, 0, 0, 0));
 }
 
 TEST(Framework, StringsFormatAndConvertAndFileExceptionsMapTheRuntimesErrorNumbers)

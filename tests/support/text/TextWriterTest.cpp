@@ -68,11 +68,13 @@ TEST(StdioFile, TextModeWritesCrLfReadsLinesBackAndThrowsOnWriteErrors)
         lines.push_back(line.str());
     EXPECT_EQ(lines, (std::vector<std::string>{"a", "", "last"}));
 
-    auto causeOf = [](auto body) {
-        try { body(); } catch (CFileException* e) { const int cause = e->m_cause; e->Delete(); return cause; }
+    LONG osError = 0;   // of the last exception caught
+    auto causeOf = [&osError](auto body) {
+        try { body(); } catch (CFileException* e) { const int cause = e->m_cause; osError = e->m_lOsError; e->Delete(); return cause; }
         return -1;
     };
     EXPECT_NE(causeOf([&] { in.WriteString("x\n"); in.Close(); }), -1) << "writing to a file opened for reading";
+    EXPECT_EQ(-1, osError) << "no system error behind it";
     in.Abort();
     {
         CStdioFile written(path.c_str(), CFile::modeWrite | CFile::modeNoTruncate | CFile::modeCreate);
@@ -102,6 +104,7 @@ TEST(StdioFile, TextModeWritesCrLfReadsLinesBackAndThrowsOnWriteErrors)
         GTEST_SKIP() << "no Z:\\dev\\full here";
     full.WriteString("short\n");
     EXPECT_EQ(causeOf([&] { full.Close(); }), CFileException::diskFull) << "buffered text failing at Close";
+    EXPECT_EQ(ERROR_DISK_FULL, osError);
 }
 
 static const std::string kStamp = "(\\d\\d/\\d\\d/\\d\\d \\d\\d\\.\\d\\d\\.\\d\\d:)";
