@@ -67,6 +67,7 @@ public:
 
     // Areas and clipping.
     void FillSolidRect(int x, int y, int cx, int cy, COLORREF color);
+    /// A null rect fills nothing and keeps the background colour (MFC asserts).
     void FillSolidRect(const RECT* rect, COLORREF color);
     int ExcludeClipRect(const RECT* rect);
     int IntersectClipRect(const RECT* rect);

@@ -35,7 +35,8 @@ TEST(Framework, CreatingAgainDeletesTheOldPenPairedDcsMoveTogetherAndNullDcsFail
     ASSERT_TRUE(pointFont.CreatePointFont(720, "Liberation Sans", &dc));
     ::GetObjectA(pointFont.m_hObject, sizeof(made), &made);
     EXPECT_EQ(-96, made.lfHeight) << "a character height";
-    dc.FillSolidRect(nullptr, 0);   // no box: nothing to fill
+    dc.FillSolidRect(nullptr, RGB(1, 2, 3));
+    EXPECT_NE(RGB(1, 2, 3), ::GetBkColor(dc.m_hDC)) << "no box: nothing filled, the background colour kept";
     ASSERT_TRUE(pointFont.CreatePointFont(720, "Liberation Sans", nullptr));
     ::GetObjectA(pointFont.m_hObject, sizeof(made), &made);
     EXPECT_EQ(-96, made.lfHeight) << "without a DC, the screen's (also 96 pixels per inch)";
