@@ -35,6 +35,9 @@ TEST(Framework, CreatingAgainDeletesTheOldPenPairedDcsMoveTogetherAndNullDcsFail
     ASSERT_TRUE(pointFont.CreatePointFont(720, "Liberation Sans", &dc));
     ::GetObjectA(pointFont.m_hObject, sizeof(made), &made);
     EXPECT_EQ(-96, made.lfHeight) << "a character height";
+    RECT measured = {0, 0, 0, 0}, direct = {0, 0, 0, 0};
+    EXPECT_EQ(::DrawTextA(dc.m_hDC, "Ab", 2, &direct, DT_CALCRECT), dc.DrawText(CString("Ab"), &measured, DT_CALCRECT))
+        << "a CString's height, measured as its text's";
     dc.FillSolidRect(nullptr, RGB(1, 2, 3));
     EXPECT_NE(RGB(1, 2, 3), ::GetBkColor(dc.m_hDC)) << "no box: nothing filled, the background colour kept";
     ASSERT_TRUE(pointFont.CreatePointFont(720, "Liberation Sans", nullptr));
@@ -88,7 +91,8 @@ TEST(Framework, StringsFormatAndConvertAndFileExceptionsMapTheRuntimesErrorNumbe
     EXPECT_EQ(CString("\xC9""A|\xE9""a"), CString("\xE9""a|").MakeUpper() + CString("\xC9""A").MakeLower())
         << "case follows the ANSI code page";
     CString found("abcb");
-    EXPECT_TRUE(found.GetAt(INT_MIN) == '\0' && found[INT_MAX] == '\0' && found[3] == 'b') << "a byte outside the text is 0";
+    EXPECT_TRUE(found.GetAt(INT_MIN) == '\0' && found[INT_MAX] == '\0' && found[3] == 'b')
+        << "a byte outside the text is 0";
     EXPECT_EQ((std::vector<int>{3, 4, -1, 3}),
               (std::vector<int>{found.Find("b", 2), found.Find("", 4), found.Find("b", 5), found.ReverseFind('b')}))
         << "a search from the end finds only the empty text; the reverse search the last match";
@@ -99,9 +103,6 @@ TEST(Framework, StringsFormatAndConvertAndFileExceptionsMapTheRuntimesErrorNumbe
         EXPECT_EQ(cause, CFileException::ErrnoToException(error)) << "errno " << error;
 }
 
-// While it lives, the host's application object is the one AfxGetApp gives (that AfxMessageBox reaches its
-// DoMessageBox is checked with the message-box functions). The wait cursor is counted, and the cursor it replaced
-// comes back only when the last EndWaitCursor balances the first BeginWaitCursor.
 // Reads the next message box of the desktop as "caption|text" and presses `button` on it.
 static std::string AnswerNextBox(int button)
 {
@@ -115,6 +116,9 @@ static std::string AnswerNextBox(int button)
     return std::string(caption) + "|" + text;
 }
 
+// While it lives, the host's application object is the one AfxGetApp gives, and AfxMessageBox shows a real box
+// captioned with its name (without one, the system's caption). The wait cursor is counted, and the cursor it
+// replaced comes back only when the last EndWaitCursor balances the first BeginWaitCursor.
 TEST(Framework, ApplicationIsCurrentWhileItLivesShowsItsBoxesAndCountsTheWaitCursor)
 {
     std::string seen;
@@ -153,10 +157,14 @@ TEST(Framework, ApplicationIsCurrentWhileItLivesShowsItsBoxesAndCountsTheWaitCur
 // Without a brush the drag frame is XORed with a 50% grey checkerboard: each pixel differs from its
 // right-hand neighbour and matches the one below that, across the pattern's eight rows. Between the top and
 // bottom strips (9 rows each) the side strips are 9 pixels wide and the 2 x 2 inside stays white.
-TEST(Framework, DragFrameWithoutABrushIsACheckerboardOfTheFrameOnly)
+TEST(Framework, DragFrameWithoutABrushIsACheckerboardOfTheFrameOnlyAndTheLastFrameTakesTheNewBrush)
 {
     DibCanvas canvas(20, 20);
     const RECT whole = {0, 0, 20, 20};
+    DibCanvas erased(20, 20);   // the last frame, erased with the new frame's brush: white inverts to black
+    CBrush white(RGB(255, 255, 255));
+    erased.Dc().DrawDragRect(nullptr, SIZE{}, &whole, SIZE{9, 9}, &white, nullptr);
+    EXPECT_EQ(20 * 20 - 2 * 2, erased.CountPixels(RGB(0, 0, 0), 0, 0, 20, 20)) << "the last frame's strips";
     canvas.Dc().DrawDragRect(&whole, SIZE{9, 9}, nullptr, SIZE{}, nullptr, nullptr);
     EXPECT_EQ(canvas.CountPixels(RGB(255, 255, 255), 0, 9, 20, 11), 9 + 4 + 9) << "white in rows 9 and 10";
     for (int y = 0; y < 8; ++y)
